@@ -1,0 +1,35 @@
+// What every exported function has in common: no exception leaves it, a null handler is refused,
+// and results are folded to 0 and -1.
+#ifndef VELNOR_API_CALL_GUARD_H
+#define VELNOR_API_CALL_GUARD_H
+
+#include "handler/velnorxml.h"
+
+namespace velnor {
+
+constexpr int Success = 0;
+constexpr int Failure = -1;
+
+// The result of `work`, or the failure value when memory runs out or anything else is thrown.
+template <typename Result, typename Work>
+Result guarded(Result failure, Work work) noexcept {
+    try {
+        return work();
+    } catch (...) {
+        return failure;
+    }
+}
+
+// Calls `work` with the handler behind the pointer; any non-zero result becomes -1.
+template <typename Work>
+int withHandler(void* handle, Work work) noexcept {
+    if (handle == nullptr) {
+        return Failure;
+    }
+    return guarded(Failure,
+                   [&] { return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure; });
+}
+
+} // namespace velnor
+
+#endif

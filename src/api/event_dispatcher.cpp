@@ -1,0 +1,217 @@
+#include "api/event_dispatcher.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <algorithm>
+#include <cstdint>
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int Forever = -1;
+// Without a wake-up file (the process has run out of them) the loop looks around now and then.
+constexpr int BlindPollInterval = 50; // milliseconds
+
+short pollEventsOf(QSocketNotifier::Type type) {
+    switch (type) {
+    case QSocketNotifier::Read:
+        return POLLIN;
+    case QSocketNotifier::Write:
+        return POLLOUT;
+    default:
+        return POLLPRI;
+    }
+}
+
+int earlier(int left, int right) {
+    if (left == Forever) {
+        return right;
+    }
+    return right == Forever ? left : std::min(left, right);
+}
+
+} // namespace
+
+namespace velnor {
+
+EventDispatcher::EventDispatcher(QObject* parent)
+    : QAbstractEventDispatcher(parent), wakeUpFile(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+
+EventDispatcher::~EventDispatcher() {
+    if (wakeUpFile >= 0) {
+        close(wakeUpFile);
+    }
+}
+
+bool EventDispatcher::processEvents(QEventLoop::ProcessEventsFlags flags) {
+    interrupted = false;
+    Q_EMIT awake();
+    QCoreApplication::sendPostedEvents();
+
+    const bool mayBlock = flags.testFlag(QEventLoop::WaitForMoreEvents) && !interrupted;
+    const bool timersCount = !flags.testFlag(QEventLoop::X11ExcludeTimers);
+    std::vector<pollfd> set;
+    if (!flags.testFlag(QEventLoop::ExcludeSocketNotifiers)) {
+        set = pollSet();
+    }
+    bool worked = waitForWork(mayBlock, timersCount, set);
+    worked = activateNotifiers(set) || worked;
+    if (timersCount) {
+        worked = activateTimers() || worked;
+    }
+    return worked;
+}
+
+// Tells whether the wake-up file was the reason to go on: an event was posted.
+bool EventDispatcher::waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& set) {
+    if (mayBlock) {
+        Q_EMIT aboutToBlock();
+    }
+    int timeout = mayBlock ? Forever : 0;
+    if (timersCount) {
+        timeout = earlier(timeout, timeUntilNextTimer());
+    }
+    if (wakeUpFile < 0) {
+        timeout = earlier(timeout, BlindPollInterval);
+    }
+    set.push_back({wakeUpFile, POLLIN, 0});
+    poll(set.data(), set.size(), timeout);
+    const bool woken = set.back().revents != 0;
+    set.pop_back();
+    if (woken) {
+        clearWakeUp();
+        QCoreApplication::sendPostedEvents();
+    }
+    return woken;
+}
+
+void EventDispatcher::clearWakeUp() const {
+    std::uint64_t count = 0;
+    while (read(wakeUpFile, &count, sizeof count) > 0) {
+    }
+}
+
+bool EventDispatcher::hasPendingEvents() {
+    pollfd woken{wakeUpFile, POLLIN, 0};
+    return poll(&woken, 1, 0) > 0 || timeUntilNextTimer() == 0;
+}
+
+void EventDispatcher::registerSocketNotifier(QSocketNotifier* notifier) {
+    notifiers.append(notifier);
+}
+
+void EventDispatcher::unregisterSocketNotifier(QSocketNotifier* notifier) {
+    notifiers.removeAll(notifier);
+}
+
+std::vector<pollfd> EventDispatcher::pollSet() const {
+    std::vector<pollfd> set;
+    for (QSocketNotifier* notifier : notifiers) {
+        set.push_back({static_cast<int>(notifier->socket()), pollEventsOf(notifier->type()), 0});
+    }
+    return set;
+}
+
+bool EventDispatcher::activateNotifiers(const std::vector<pollfd>& set) {
+    const QList<QSocketNotifier*> polled = notifiers;
+    bool activated = false;
+    for (size_t i = 0; i < set.size(); ++i) {
+        QSocketNotifier* notifier = polled.value(static_cast<int>(i));
+        // An earlier one may have unregistered it.
+        if (set[i].revents != 0 && notifiers.contains(notifier)) {
+            QEvent event(QEvent::SockAct);
+            QCoreApplication::sendEvent(notifier, &event);
+            activated = true;
+        }
+    }
+    return activated;
+}
+
+void EventDispatcher::registerTimer(int timerId, int interval, Qt::TimerType type,
+                                    QObject* object) {
+    timers.push_back({timerId, interval, type, object, QDeadlineTimer(interval, type)});
+}
+
+bool EventDispatcher::unregisterTimer(int timerId) {
+    const auto end = std::remove_if(timers.begin(), timers.end(),
+                                    [timerId](const Timer& timer) { return timer.id == timerId; });
+    const bool found = end != timers.end();
+    timers.erase(end, timers.end());
+    return found;
+}
+
+bool EventDispatcher::unregisterTimers(QObject* object) {
+    const auto end = std::remove_if(timers.begin(), timers.end(), [object](const Timer& timer) {
+        return timer.object == object;
+    });
+    const bool found = end != timers.end();
+    timers.erase(end, timers.end());
+    return found;
+}
+
+QList<QAbstractEventDispatcher::TimerInfo>
+EventDispatcher::registeredTimers(QObject* object) const {
+    QList<TimerInfo> found;
+    for (const Timer& timer : timers) {
+        if (timer.object == object) {
+            found.append(TimerInfo(timer.id, timer.interval, timer.type));
+        }
+    }
+    return found;
+}
+
+int EventDispatcher::remainingTime(int timerId) {
+    const Timer* timer = findTimer(timerId);
+    return timer != nullptr ? static_cast<int>(timer->due.remainingTime()) : -1;
+}
+
+EventDispatcher::Timer* EventDispatcher::findTimer(int timerId) {
+    const auto found = std::find_if(timers.begin(), timers.end(),
+                                    [timerId](const Timer& timer) { return timer.id == timerId; });
+    return found == timers.end() ? nullptr : &*found;
+}
+
+int EventDispatcher::timeUntilNextTimer() const {
+    int next = Forever;
+    for (const Timer& timer : timers) {
+        next = earlier(next, static_cast<int>(timer.due.remainingTime()));
+    }
+    return next;
+}
+
+bool EventDispatcher::activateTimers() {
+    std::vector<int> due;
+    for (const Timer& timer : timers) {
+        if (timer.due.hasExpired()) {
+            due.push_back(timer.id);
+        }
+    }
+    for (const int id : due) {
+        // An earlier one may have stopped it.
+        if (Timer* timer = findTimer(id)) {
+            timer->due = QDeadlineTimer(timer->interval, timer->type);
+            QTimerEvent event(id);
+            QCoreApplication::sendEvent(timer->object, &event);
+        }
+    }
+    return !due.empty();
+}
+
+void EventDispatcher::wakeUp() {
+    const std::uint64_t one = 1;
+    // Fails only when a wake-up is pending already.
+    [[maybe_unused]] const ssize_t written = write(wakeUpFile, &one, sizeof one);
+}
+
+void EventDispatcher::interrupt() {
+    interrupted = true;
+    wakeUp();
+}
+
+void EventDispatcher::flush() {}
+
+} // namespace velnor

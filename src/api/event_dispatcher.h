@@ -1,0 +1,65 @@
+// A small event dispatcher over poll(2), for the thread of the library's own application. It
+// knows nothing of GLib, so that a GLib host keeps its main context to itself.
+#ifndef VELNOR_API_EVENT_DISPATCHER_H
+#define VELNOR_API_EVENT_DISPATCHER_H
+
+#include <QAbstractEventDispatcher>
+#include <QDeadlineTimer>
+#include <QList>
+
+#include <atomic>
+#include <vector>
+
+struct pollfd;
+
+namespace velnor {
+
+class EventDispatcher : public QAbstractEventDispatcher {
+public:
+    explicit EventDispatcher(QObject* parent = nullptr);
+    ~EventDispatcher() override;
+    EventDispatcher(const EventDispatcher&) = delete;
+    EventDispatcher& operator=(const EventDispatcher&) = delete;
+
+    bool processEvents(QEventLoop::ProcessEventsFlags flags) override;
+    bool hasPendingEvents() override;
+
+    void registerSocketNotifier(QSocketNotifier* notifier) override;
+    void unregisterSocketNotifier(QSocketNotifier* notifier) override;
+
+    void registerTimer(int timerId, int interval, Qt::TimerType type, QObject* object) override;
+    bool unregisterTimer(int timerId) override;
+    bool unregisterTimers(QObject* object) override;
+    QList<TimerInfo> registeredTimers(QObject* object) const override;
+    int remainingTime(int timerId) override;
+
+    void wakeUp() override;    // from any thread
+    void interrupt() override; // from any thread
+    void flush() override;
+
+private:
+    struct Timer {
+        int id;
+        int interval; // milliseconds
+        Qt::TimerType type;
+        QObject* object;
+        QDeadlineTimer due;
+    };
+
+    std::vector<pollfd> pollSet() const;
+    int timeUntilNextTimer() const;
+    bool waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& set);
+    void clearWakeUp() const;
+    bool activateNotifiers(const std::vector<pollfd>& set);
+    bool activateTimers();
+    Timer* findTimer(int timerId);
+
+    int wakeUpFile;
+    std::atomic<bool> interrupted{false};
+    QList<QSocketNotifier*> notifiers;
+    std::vector<Timer> timers;
+};
+
+} // namespace velnor
+
+#endif

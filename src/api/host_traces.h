@@ -1,0 +1,37 @@
+// What making a Qt application would leave changed in the host, put back.
+#ifndef VELNOR_API_HOST_TRACES_H
+#define VELNOR_API_HOST_TRACES_H
+
+#include <QByteArray>
+
+namespace velnor {
+
+// Qt's application takes the environment's locale for the whole process. While this lives it may;
+// then the host has its own again.
+class LocaleKeeper {
+public:
+    LocaleKeeper();
+    ~LocaleKeeper();
+    LocaleKeeper(const LocaleKeeper&) = delete;
+    LocaleKeeper& operator=(const LocaleKeeper&) = delete;
+
+private:
+    QByteArray hostLocale;
+};
+
+// Where XDG_RUNTIME_DIR is unset, Qt makes a folder in its place and remarks on it on standard
+// error. While this lives, the remark is kept off; a folder that was not there before goes.
+class RuntimeFolderKeeper {
+public:
+    RuntimeFolderKeeper();
+    ~RuntimeFolderKeeper();
+    RuntimeFolderKeeper(const RuntimeFolderKeeper&) = delete;
+    RuntimeFolderKeeper& operator=(const RuntimeFolderKeeper&) = delete;
+
+private:
+    QByteArray newFolder; // empty when the folder was there before
+};
+
+} // namespace velnor
+
+#endif

@@ -1,0 +1,34 @@
+#include "velnorxmltoimg.h"
+
+#include "api/call_guard.h"
+#include "api/wide_text.h"
+#include "document/elements.h"
+#include "render/velnorimage.h"
+
+#include <memory>
+
+namespace {
+
+std::unique_ptr<VelnorDrawableCanvas> parsed(VelnorXml& xml) {
+    VelnorDrawableCanvas* canvas = nullptr;
+    xml.Parse(&canvas);
+    return std::unique_ptr<VelnorDrawableCanvas>(canvas);
+}
+
+// Blind on purpose: hosts look for the output file.
+int createImage(VelnorXml& xml, const char* path) {
+    VelnorImage::CreateImageFromCanvas(parsed(xml).get(), path);
+    return velnor::Success;
+}
+
+} // namespace
+
+int xmlToImgCreateImage(void* handler, const char* path) {
+    return velnor::withHandler(handler, [&](VelnorXml& xml) { return createImage(xml, path); });
+}
+
+int xmlToImgCreateImageUnicode(void* handler, const unsigned short* path, int length) {
+    return velnor::withHandler(handler, [&](VelnorXml& xml) {
+        return createImage(xml, velnor::utf8FromWide(path, length).constData());
+    });
+}

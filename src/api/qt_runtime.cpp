@@ -1,0 +1,99 @@
+#include "velnorxmltoimg.h"
+
+#include "api/call_guard.h"
+#include "api/event_dispatcher.h"
+#include "api/host_traces.h"
+#include "api/qt_runtime.h"
+
+#include <QGuiApplication>
+#include <QTextCodec>
+
+#include <array>
+#include <memory>
+
+#include <unistd.h>
+
+std::atomic<int> qtStarted{0};
+int qtargc = 0;
+char** qtargv = nullptr;
+int VelnorQtStartedAsNonGuiApp = 0;
+
+namespace {
+
+constexpr useconds_t StartUpPause = 10000; // microseconds
+
+std::atomic<bool> startUpClaimed{false};
+
+// Qt takes the platform options out again, so that one argument is left. The platform needs no
+// display, whatever the environment says, and an empty theme keeps desktop toolkits out of the
+// process.
+void prepareArguments() {
+    static std::array<char, 128> program;
+    static std::array<char, 16> platformOption;
+    static std::array<char, 16> platform;
+    static std::array<char, 16> themeOption;
+    static std::array<char, 1> noTheme;
+    static std::array<char*, 6> arguments;
+    qstrcpy(program.data(), "qtapp");
+    qstrcpy(platformOption.data(), "-platform");
+    qstrcpy(platform.data(), "offscreen");
+    qstrcpy(themeOption.data(), "-platformtheme");
+    noTheme[0] = '\0';
+    arguments = {program.data(),     platformOption.data(), platform.data(),
+                 themeOption.data(), noTheme.data(),        nullptr};
+    qtargc = static_cast<int>(arguments.size()) - 1;
+    qtargv = arguments.data();
+}
+
+std::unique_ptr<QGuiApplication> makeApplication() {
+    const velnor::LocaleKeeper locale;
+    const velnor::RuntimeFolderKeeper runtimeFolder;
+    prepareArguments();
+    // Before the application is made: at another resolution no font family matches exactly.
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    // File names are UTF-8 in this interface, also where the host's locale is another.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    return std::make_unique<QGuiApplication>(qtargc, qtargv);
+}
+
+void runOwnApplication() {
+    // Qt's own dispatcher would take over the main context of a GLib host.
+    velnor::EventDispatcher dispatcher;
+    QCoreApplication::setEventDispatcher(&dispatcher);
+    const auto application = makeApplication();
+    qtStarted = 1;
+    VelnorQtStartedAsNonGuiApp = 1;
+    QCoreApplication::exec();
+}
+
+} // namespace
+
+void xmlToImgInitializeQtNoReturn() {
+    if (QCoreApplication::instance() != nullptr) {
+        qtStarted = 1;
+        return;
+    }
+    if (startUpClaimed.exchange(true)) {
+        return;
+    }
+    velnor::guarded(velnor::Failure, [] {
+        runOwnApplication();
+        return velnor::Success;
+    });
+    startUpClaimed = false;
+}
+
+int xmlToImgQtInitialized() {
+    if (QCoreApplication::instance() == nullptr || qtStarted == 0) {
+        return 0;
+    }
+    usleep(StartUpPause);
+    return 1;
+}
+
+int xmlToImgSetPluginPathUnicode(const unsigned short* path, int length) {
+    return velnor::guarded(velnor::Failure, [&] {
+        QCoreApplication::addLibraryPath(QString::fromUtf16(path, length));
+        return velnor::Success;
+    });
+}

@@ -1,0 +1,110 @@
+// From the document on disk to the record tree.
+#include "document/dom_loading.h"
+#include "document/dom_values.h"
+#include "document/elements.h"
+#include "document/item_fields.h"
+#include "handler/velnorxml.h"
+
+#include <QDomDocument>
+
+namespace {
+
+constexpr int DefaultTextAntialiasing = 2;
+constexpr int DefaultShapeAntialiasing = 0;
+
+void applyCanvasField(VelnorDrawableCanvas& canvas, const QDomElement& child) {
+    if (VelnorXml::parseCommonTagNam(&canvas, child)) {
+        return;
+    }
+    const QString name = child.tagName();
+    if (name == QLatin1String("dpi")) {
+        canvas.dpi = velnor::integerOr(child.text(), velnor::DefaultDpi);
+    } else if (name == QLatin1String("antialiasText")) {
+        canvas.antialiasText =
+            velnor::integerInRangeOr(child.text(), 0, 2, DefaultTextAntialiasing);
+    } else if (name == QLatin1String("antialiasShape")) {
+        canvas.antialiasShape =
+            velnor::integerInRangeOr(child.text(), 0, 2, DefaultShapeAntialiasing);
+    } else if (name == QLatin1String("RowDefinitions")) {
+        VelnorXml::parseRowDefinitions(child, &canvas);
+    } else if (name == QLatin1String("ColumnDefinitions")) {
+        VelnorXml::parseColumnDefinitions(child, &canvas);
+    }
+}
+
+// Calls `visit` with each child element; text and comments are passed over.
+template <typename Visitor>
+void visitChildElements(const QDomElement& parent, Visitor visit) {
+    for (QDomElement child = parent.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        visit(child);
+    }
+}
+
+std::unique_ptr<VelnorDrawableCanvas> readCanvas(const QDomElement& itemsElement) {
+    auto canvas = std::make_unique<VelnorDrawableCanvas>();
+    visitChildElements(itemsElement,
+                       [&](const QDomElement& child) { applyCanvasField(*canvas, child); });
+    VelnorXml::FixCanvasRow(canvas.get());
+    VelnorXml::FixCanvasColumn(canvas.get());
+    return canvas;
+}
+
+velnor::ElementPointer readItem(const QDomElement& element, const VelnorDrawableCanvas& canvas,
+                                const VelnorXml& handler) {
+    velnor::ElementPointer item = velnor::makeItem(element.attribute(QStringLiteral("class")));
+    if (!item) {
+        return nullptr;
+    }
+    item->id = element.attribute(QStringLiteral("id"), QLatin1String(""));
+    visitChildElements(element, [&](const QDomElement& child) {
+        velnor::applyItemField(*item, canvas, child, handler);
+    });
+    VelnorXml::FixDrawableFields(item.get(), &canvas);
+    return item;
+}
+
+std::unique_ptr<velnor::ElementList> readItems(const QDomElement& itemsElement,
+                                               const VelnorDrawableCanvas& canvas,
+                                               const VelnorXml& handler) {
+    auto items = std::make_unique<velnor::ElementList>();
+    // All levels: an item inside another item is an item of its own.
+    const QDomNodeList elements = itemsElement.elementsByTagName(QStringLiteral("VelnorItem"));
+    for (int i = 0; i < elements.size(); ++i) {
+        if (auto item = readItem(elements.at(i).toElement(), canvas, handler)) {
+            items->push_back(std::move(item));
+        }
+    }
+    return items;
+}
+
+} // namespace
+
+int VelnorXml::Parse(VelnorDrawableCanvas** out) {
+    if (out == nullptr) {
+        return 1;
+    }
+    *out = nullptr;
+    QDomDocument document(QStringLiteral("mydocument"));
+    if (!velnor::loadXml(document, ReadXmlApplyTags())) {
+        return 1;
+    }
+    applyObjectTagsToXmlDoc(document);
+    const QDomElement root = document.documentElement();
+    if (root.tagName() != QLatin1String("VelnorRoot")) {
+        return 1;
+    }
+    const QDomElement itemsElement =
+        root.elementsByTagName(QStringLiteral("VelnorItems")).at(0).toElement();
+    if (itemsElement.isNull()) {
+        return 1;
+    }
+    if (itemsElement.attribute(QStringLiteral("class")) != QLatin1String("canvas")) {
+        return 0;
+    }
+    auto canvas = readCanvas(itemsElement);
+    canvas->items = readItems(itemsElement, *canvas, *this);
+    canvas->PrintInfo();
+    *out = canvas.release();
+    return 0;
+}

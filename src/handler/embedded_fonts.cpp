@@ -1,0 +1,88 @@
+// The font files that handlers register with the font database of the process.
+#include "handler/velnorxml.h"
+#include "render/gui_application.h"
+
+#include <QDir>
+#include <QFont>
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <memory>
+
+bool VelnorXml::embeddedFontKeepFlag = false;
+QList<FontItem*>* VelnorXml::embeddedFontIdList = nullptr;
+
+namespace {
+
+// Marks the record of a font file that is registered already. False when there is none.
+bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
+    const auto sameFile = [&](const FontItem* font) {
+        return font->name == name && font->size == size;
+    };
+    const auto found = std::find_if(fonts.begin(), fonts.end(), sameFile);
+    if (found == fonts.end()) {
+        return false;
+    }
+    (*found)->present = 1;
+    return true;
+}
+
+void registerFont(QList<FontItem*>& fonts, const QFileInfo& file, int size) {
+    const int id = QFontDatabase::addApplicationFont(file.filePath());
+    if (id != -1) {
+        fonts.append(std::make_unique<FontItem>(file.fileName(), id, size).release());
+    }
+}
+
+// Forgets the fonts whose files are gone. They stay registered: texts of other handlers may use
+// them.
+void dropAbsent(QList<FontItem*>& fonts) {
+    const auto absent = std::stable_partition(
+        fonts.begin(), fonts.end(), [](const FontItem* font) { return font->present != 0; });
+    std::for_each(absent, fonts.end(), [](const FontItem* font) { delete font; });
+    fonts.erase(absent, fonts.end());
+}
+
+} // namespace
+
+void VelnorXml::addEmbeddedFonts() {
+    const QDir directory(fontDirectory.isEmpty() ? FixAbsRelFilePath(QStringLiteral("fonts"))
+                                                 : fontDirectory);
+    if (!velnor::guiApplicationExists() || !directory.exists()) {
+        return;
+    }
+    QList<FontItem*>& fonts = *embeddedFontIdList;
+    if (embeddedFontKeepFlag) {
+        for (FontItem* font : fonts) {
+            font->present = 0;
+        }
+    }
+    for (const QFileInfo& file : directory.entryInfoList(QDir::Files)) {
+        const int size = static_cast<int>(file.size());
+        if (!embeddedFontKeepFlag || !markPresent(fonts, file.fileName(), size)) {
+            registerFont(fonts, file, size);
+        }
+    }
+    if (embeddedFontKeepFlag) {
+        dropAbsent(fonts);
+    }
+    // A family that was asked for before its file was registered stays substituted otherwise.
+    QFont::cleanup();
+}
+
+void VelnorXml::removeEmbeddedFonts() {
+    if (embeddedFontKeepFlag || embeddedFontIdList == nullptr) {
+        return;
+    }
+    const bool fontsCanBeRemoved = velnor::guiApplicationExists();
+    for (const FontItem* font : *embeddedFontIdList) {
+        if (font->id != -1 && fontsCanBeRemoved) {
+            QFontDatabase::removeApplicationFont(font->id);
+        }
+        delete font;
+    }
+    embeddedFontIdList->clear();
+    if (fontsCanBeRemoved) {
+        QFont::cleanup();
+    }
+}

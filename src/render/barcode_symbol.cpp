@@ -1,0 +1,112 @@
+// One encoding: a zint symbol is set up, encoded and written as a picture.
+#include "render/limits.h"
+#include "render/velnorbarcode.h"
+
+#include <QFile>
+#include <QImage>
+
+#include <zint.h>
+
+#include <cstring>
+#include <memory>
+
+namespace {
+
+constexpr int Refused = -1;
+constexpr int OptionNotGiven = 0x5A5A5A5A;
+constexpr int InputModes = 5;
+
+struct SymbolDeleter {
+    void operator()(zint_symbol* symbol) const { ZBarcode_Delete(symbol); }
+};
+using SymbolPointer = std::unique_ptr<zint_symbol, SymbolDeleter>;
+
+void setOption(int& option, int value) {
+    if (value != OptionNotGiven) {
+        option = value;
+    }
+}
+
+void setPrimary(zint_symbol& symbol, const char* primary) {
+    if (primary != nullptr && *primary != '\0') {
+        std::strncpy(symbol.primary, primary, sizeof symbol.primary - 1);
+        symbol.primary[sizeof symbol.primary - 1] = '\0';
+    }
+}
+
+// zint found an option invalid and went on without it, or failed. An inserted character set
+// switch and a symbol beside its standard stand for complete, readable symbols.
+bool isComplete(int encodingResult) {
+    return encodingResult == 0 || encodingResult == ZINT_WARN_USES_ECI ||
+           encodingResult == ZINT_WARN_NONCOMPLIANT;
+}
+
+// Known before zint allocates the picture, up to quiet zones and text.
+bool isOfPictureSize(const zint_symbol& symbol) {
+    const double dotsPerModule =
+        (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
+    const double dots = symbol.width * dotsPerModule * symbol.height * dotsPerModule;
+    return dots <= static_cast<double>(velnor::MaximumPictureDots);
+}
+
+// One bit a dot, as such a symbol's own file has it: rotated by odd angles, a picture of another
+// depth gets other dots. Ultracode is the one symbology with colours.
+QImage toPicture(const zint_symbol& symbol) {
+    const QImage dots(symbol.bitmap, symbol.bitmap_width, symbol.bitmap_height,
+                      symbol.bitmap_width * 3, QImage::Format_RGB888);
+    return dots.convertToFormat(symbol.symbology == BARCODE_ULTRA ? QImage::Format_Indexed8
+                                                                  : QImage::Format_Mono,
+                                Qt::MonoOnly | Qt::ThresholdDither);
+}
+
+// The name can be foretold, so the file is always a new one: a file or link that somebody else
+// puts there is never written to.
+bool writeNewFile(const QString& name, const QImage& picture) {
+    QFile::remove(name);
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        return false;
+    }
+    if (picture.save(&file, "PNG") && file.flush()) {
+        return true;
+    }
+    file.remove();
+    return false;
+}
+
+} // namespace
+
+int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int inputmode,
+                                     const char* primary, int option1, int option2, int option3,
+                                     const char* file, int* doubledWidth, int* doubledHeight,
+                                     int barHeight, float scale) {
+    const SymbolPointer symbol(ZBarcode_Create());
+    if (!symbol) {
+        return Refused;
+    }
+    symbol->symbology = type;
+    symbol->input_mode = inputmode >= 0 && inputmode < InputModes ? inputmode : UNICODE_MODE;
+    symbol->show_hrt = hrt == 1 ? 1 : 0;
+    if (barHeight != -1) {
+        symbol->height = static_cast<float>(barHeight);
+    }
+    if (scale != 0.0F) {
+        symbol->scale = scale;
+    }
+    setOption(symbol->option_1, option1);
+    setOption(symbol->option_2, option2);
+    setOption(symbol->option_3, option3);
+    setPrimary(*symbol, primary);
+
+    const int encoded =
+        escape_char_process(symbol.get(), reinterpret_cast<const unsigned char*>(data),
+                            data == nullptr ? 0 : static_cast<int>(std::strlen(data)));
+    if (!isComplete(encoded) || !isOfPictureSize(*symbol) ||
+        ZBarcode_Buffer(symbol.get(), 0) != 0 ||
+        !writeNewFile(QString::fromUtf8(file), toPicture(*symbol))) {
+        return Refused;
+    }
+    *doubledWidth = symbol->width * 2;
+    *doubledHeight = static_cast<int>(symbol->height * 2);
+    return 0;
+}

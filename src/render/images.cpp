@@ -1,0 +1,74 @@
+// Picture files on the surface: scaled, fitted to a box, rotated.
+#include "document/dots.h"
+#include "render/picture_file.h"
+#include "render/surface_painter.h"
+#include "render/velnorimage.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int NaturalPercent = 100;
+constexpr int FitInside = 1;
+constexpr int FillAndCrop = 2;
+
+// Both lengths of the box are given. May crop the image, at its right or its bottom.
+void fitToBox(QImage& image, int width, int height, int aspect, double& factorX, double& factorY) {
+    factorX = static_cast<double>(width) / image.width();
+    factorY = static_cast<double>(height) / image.height();
+    if (aspect == FitInside) {
+        factorX = factorY = std::min(factorX, factorY);
+    } else if (aspect == FillAndCrop && factorX < factorY) {
+        image = image.copy(0, 0, velnor::truncateToDots(width / factorY), image.height());
+        factorX = factorY;
+    } else if (aspect == FillAndCrop) {
+        image = image.copy(0, 0, image.width(), velnor::truncateToDots(height / factorX));
+        factorY = factorX;
+    }
+}
+
+} // namespace
+
+void VelnorImage::FixImageScaling(QImage* image, int scalex, int scaley, int width, int height,
+                                  double* factorX, double* factorY, int aspect) {
+    *factorX = 1.0;
+    *factorY = 1.0;
+    if (image->isNull()) {
+        return;
+    }
+    if (width >= 1 && height >= 1) {
+        fitToBox(*image, width, height, aspect, *factorX, *factorY);
+    } else if (height >= 1) {
+        *factorX = *factorY = static_cast<double>(height) / image->height();
+    } else if (width >= 1) {
+        *factorX = *factorY = static_cast<double>(width) / image->width();
+    } else {
+        *factorX = scalex < 1 ? 1.0 : scalex / 100.0;
+        *factorY = scaley < 1 ? 1.0 : scaley / 100.0;
+    }
+}
+
+int VelnorImage::DrawOverlayImage(const QString& path, int x, int y, int scalex, int scaley,
+                                  int width, int height, int rotation, int aspect) {
+    if (!canBeDrawnOn() || !QFile::exists(path)) {
+        return -1;
+    }
+    QImage source = velnor::loadPicture(path);
+    QTransform transform;
+    const bool natural = rotation == 0 && scalex == NaturalPercent && scaley == NaturalPercent &&
+                         width == -1 && height == -1;
+    if (!natural) {
+        double factorX = 1.0;
+        double factorY = 1.0;
+        FixImageScaling(&source, scalex, scaley, width, height, &factorX, &factorY, aspect);
+        transform = TransformScaleRotate(x, y, factorX, factorY, rotation);
+    }
+    SurfacePainter painter(*image);
+    painter.setTransform(transform);
+    painter.drawImage(x, y, source);
+    painter.end();
+    recordCoverage(QRectF(x, y, source.width(), source.height()), transform);
+    return 0;
+}

@@ -1,0 +1,35 @@
+// Shrinking a text until it fits its box.
+#include "document/dots.h"
+#include "render/limits.h"
+#include "render/velnorimage.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace {
+
+constexpr double ShrinkFactor = 0.95;
+
+} // namespace
+
+int VelnorImage::adaptFontSize(QPainter* painter, int flags, const QRectF& box, const QString& text,
+                               QFont font) {
+    if (text.isEmpty()) {
+        return 0;
+    }
+    const QRect room(velnor::roundToDots(box.x()), velnor::roundToDots(box.y()),
+                     velnor::roundToDots(box.width()), velnor::roundToDots(box.height()));
+    const auto measure = [&] {
+        return painter->fontMetrics().boundingRect(room, flags, text).size();
+    };
+    QSize measured = measure();
+    // A box of a negative length is never reached; the text has vanished before the rounds end.
+    for (int round = 0; round < velnor::MaximumShrinkRounds && !measured.isNull() &&
+                        (measured.width() > box.width() || measured.height() > box.height());
+         ++round) {
+        font.setPointSizeF(font.pointSizeF() * ShrinkFactor);
+        painter->setFont(font);
+        measured = measure();
+    }
+    return measured.width();
+}

@@ -1,0 +1,28 @@
+// The stateless driver of zint: one barcode item becomes one PNG file.
+#ifndef VELNOR_RENDER_VELNORBARCODE_H
+#define VELNOR_RENDER_VELNORBARCODE_H
+
+struct zint_symbol;
+
+class VelnorBarcode {
+public:
+    VelnorBarcode() = default;
+
+    // render/barcode_size.cpp: writes the symbol as large as whole module multiples allow in a box
+    // of width x height dots (below 1: not given). 0 written, -1 refused or not writable.
+    int CreateBarcode(int type, int hrt, const char* data, int inputmode, const char* primary,
+                      int option1, int option2, int option3, const char* file, int width,
+                      int height);
+
+    // render/barcode_symbol.cpp: one encoding, written to `file`. Reports the symbol's size in
+    // half modules. A bar height of -1 and a scale of 0.0 mean zint's defaults.
+    int CreateBaseBarcode(int type, int hrt, const char* data, int inputmode, const char* primary,
+                          int option1, int option2, int option3, const char* file,
+                          int* doubledWidth, int* doubledHeight, int barHeight, float scale);
+
+    // render/barcode_data.cpp
+    bool VariableHeightAvailable(int symbology);
+    int escape_char_process(zint_symbol* symbol, const unsigned char* data, int length);
+};
+
+#endif

@@ -1,0 +1,89 @@
+// Finding an object, and a property of it, in the tree of the current document.
+#include "document/dom_loading.h"
+#include "handler/velnorxml.h"
+#include "tags/object_key.h"
+
+#include <QDomDocument>
+
+namespace {
+
+// The text of an element that holds plain text or nothing. False for any other content.
+bool readPlainText(const QDomNode& element, QString& text) {
+    const QDomNode child = element.firstChild();
+    if (child.isNull()) {
+        text = QLatin1String("");
+        return true;
+    }
+    if (!child.nextSibling().isNull() || !child.isText()) {
+        return false;
+    }
+    text = element.toElement().text();
+    return true;
+}
+
+} // namespace
+
+QDomNode VelnorXml::matchAttrInRootElement(const QDomElement& parent, const QString& attribute,
+                                           const QString& value) {
+    if (value.isEmpty() || parent.isNull()) {
+        return {};
+    }
+    for (QDomElement child = parent.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (child.attribute(attribute) == value) {
+            return child;
+        }
+    }
+    for (QDomElement child = parent.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (!child.attribute(QStringLiteral("class")).isEmpty()) {
+            const QDomNode match = matchAttrInRootElement(child, attribute, value);
+            if (!match.isNull()) {
+                return match;
+            }
+        }
+    }
+    return {};
+}
+
+QDomNode VelnorXml::matchIDInRootElement(const QDomElement& parent, const QString& value) {
+    return matchAttrInRootElement(parent, QStringLiteral("id"), value);
+}
+
+QDomNode VelnorXml::matchLinkInRootElement(const QDomElement& parent, const QString& value) {
+    return matchAttrInRootElement(parent, QStringLiteral("link"), value);
+}
+
+int VelnorXml::GetValueFromObject(const QString& key, QString& value, QString& resolvedKey,
+                                  bool link, bool reload) {
+    const QStringList parts = velnor::splitObjectKey(key);
+    if (parts.size() != 2 || parts[0].isEmpty() || parts[1].isEmpty()) {
+        return 1;
+    }
+    const bool reloading = reload || workText.isEmpty();
+    if (reloading) {
+        workText = ReadXmlApplyTags();
+    }
+    QDomDocument document(QStringLiteral("tmpdocument"));
+    if (!velnor::loadXml(document, workText)) {
+        return 1;
+    }
+    applyObjectTagsToXmlDoc(document);
+    workTextValid = workTextValid || reloading;
+
+    const QDomElement object =
+        matchIDInRootElement(document.documentElement(), parts[0]).toElement();
+    if (object.isNull()) {
+        return 1;
+    }
+    resolvedKey = QLatin1String("");
+    const QDomNode target =
+        link ? matchLinkInRootElement(object, parts[1]) : object.elementsByTagName(parts[1]).at(0);
+    if (target.isNull() || !readPlainText(target, value)) {
+        return 1;
+    }
+    if (link) {
+        resolvedKey = parts[0] + QLatin1Char('.') + target.toElement().tagName();
+    }
+    return 0;
+}
