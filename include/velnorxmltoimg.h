@@ -2,12 +2,12 @@
  * velnorxmltoimg: layout documents written in XML become raster images for roll printers.
  *
  * START-UP
- *   The library works inside a Qt application. A host that is no Qt program sets a thread aside that
- *   calls xmlToImgInitializeQtNoReturn, which does not return, and polls xmlToImgQtInitialized from
+ *   The library works inside a Qt application. A host that is no Qt program sets a thread aside
+ *   for xmlToImgInitializeQtNoReturn, which does not return, and polls xmlToImgQtInitialized from
  *   its own thread until that answers 1. A Qt program calls xmlToImgInitializeQtNoReturn once, on
- *   its own thread, after it has made its QGuiApplication or QApplication; the call returns at once.
- *   A host with a bare QCoreApplication, or none, can still use every function: fonts are then not
- *   registered and no text is drawn.
+ *   its own thread, after it has made its QGuiApplication or QApplication, and the call returns at
+ *   once. A host with a bare QCoreApplication, or none, can still use every function: fonts are
+ *   then not registered and no text is drawn.
  *   The library's own application needs no display, prints nothing, and leaves the host's locale,
  *   environment and GLib main context as they were. Returning from main while it runs is fine;
  *   returning from main while another thread is inside any other function of this library is not.
@@ -19,9 +19,9 @@
  *
  * TEXT
  *   Narrow functions take UTF-8 that ends with a zero byte; names of tags and objects are read as
- *   Latin-1. Functions whose names end in Unicode take UTF-16 code units and a length in code units;
- *   a negative length means: up to the terminating zero. A null wide text is an empty text, whatever
- *   its length. No input is changed or kept: the caller frees it whenever it likes.
+ *   Latin-1. Functions whose names end in Unicode take UTF-16 code units and a length in code
+ * units; a negative length means: up to the terminating zero. A null wide text is an empty text,
+ * whatever its length. No input is changed or kept: the caller frees it whenever it likes.
  *
  * BUFFERS
  *   The caller owns every buffer that it passes and says how large it is: in bytes for narrow
@@ -126,9 +126,10 @@ VELNORXMLTOIMG_API void* xmlToImgCreateHandlerWithDirs(const char* path, const c
 
 /* The same with three texts in UTF-16, each with its length in code units (negative: up to the
  * terminating zero; a null text is an empty one). */
-VELNORXMLTOIMG_API void* xmlToImgCreateHandlerWithDirsUnicode(
-    const unsigned short* path, int pathLength, const unsigned short* images, int imagesLength,
-    const unsigned short* fonts, int fontsLength);
+VELNORXMLTOIMG_API void*
+xmlToImgCreateHandlerWithDirsUnicode(const unsigned short* path, int pathLength,
+                                     const unsigned short* images, int imagesLength,
+                                     const unsigned short* fonts, int fontsLength);
 
 /*
  * Frees a handler and, unless fonts are kept, unregisters the fonts of every handler.
@@ -181,11 +182,9 @@ VELNORXMLTOIMG_API int xmlToImgSetObjectTagDictionary(void* handler, const char*
 
 /* The same in UTF-16 with lengths in code units (negative: up to the terminating zero; a null text
  * is an empty one). */
-VELNORXMLTOIMG_API int xmlToImgSetObjectTagDictionaryUnicode(void* handler,
-                                                             const unsigned short* name,
-                                                             int nameLength,
-                                                             const unsigned short* value,
-                                                             int valueLength);
+VELNORXMLTOIMG_API int
+xmlToImgSetObjectTagDictionaryUnicode(void* handler, const unsigned short* name, int nameLength,
+                                      const unsigned short* value, int valueLength);
 
 /*
  * Sets the text of an element of the document by its link: "object.link" names the element whose
@@ -202,11 +201,9 @@ VELNORXMLTOIMG_API int xmlToImgSetObjectLinkDictionary(void* handler, const char
 
 /* The same in UTF-16 with lengths in code units (negative: up to the terminating zero; a null text
  * is an empty one). */
-VELNORXMLTOIMG_API int xmlToImgSetObjectLinkDictionaryUnicode(void* handler,
-                                                              const unsigned short* name,
-                                                              int nameLength,
-                                                              const unsigned short* value,
-                                                              int valueLength);
+VELNORXMLTOIMG_API int
+xmlToImgSetObjectLinkDictionaryUnicode(void* handler, const unsigned short* name, int nameLength,
+                                       const unsigned short* value, int valueLength);
 
 /*
  * Reads the text that a property has in the document, tags and object tags applied.
@@ -248,6 +245,65 @@ VELNORXMLTOIMG_API int xmlToImgGetObjectLinkDictionaryUnicode(void* handler,
                                                               int length, unsigned short* out,
                                                               int size);
 
+/*
+ * Applies a parameter file: XML with the root "VelnorParams", in it elements "VelnorParam" whose
+ * attribute "id" names an object and whose child elements name links of it, or else properties, and
+ * hold the values. Each value is set as xmlToImgSetObjectLinkDictionary would set it; where the
+ * object has no such link, as xmlToImgSetObjectTagDictionary would.
+ *
+ * path:   the parameter file in UTF-8, ended by a zero byte; null is an empty path.
+ * Result: 0, also when single values were passed over (an entry without an id, or with a point in
+ *         it); -1 for a null handler, a file that cannot be read or parsed, another root, or no
+ *         entry; nothing is stored then.
+ */
+VELNORXMLTOIMG_API int xmlToImgSetDictionaryFromParamFile(void* handler, const char* path);
+
+/* The same with the path in UTF-16 and its length in code units (negative: up to the terminating
+ * zero; null is an empty path). */
+VELNORXMLTOIMG_API int
+xmlToImgSetDictionaryFromParamFileUnicode(void* handler, const unsigned short* path, int length);
+
+/*
+ * Lists the keys ("object.link") and the values of a parameter file, neighbours separated by the
+ * character U+001E; then looks the key list up as one object tag, as xmlToImgGetObjectTagDictionary
+ * does, and overwrites the values with what it finds. So a file of one pair whose key can be read
+ * in the document gives 0 and the document's current value; any other file gives -1 and both lists.
+ * xmlToImgGetDictionaryFromParamFileUnicode is the plain lister.
+ *
+ * path:       the parameter file in UTF-8, ended by a zero byte; null is an empty path.
+ * tags:       receives the keys in UTF-8, the rest filled with zero bytes; may be null. A key list
+ *             of tagsSize bytes or more fills the buffer, which then ends WITHOUT a zero byte.
+ * tagsSize:   of tags in bytes; 0 or less: nothing is written.
+ * values:     receives the values in UTF-8, the rest filled with zero bytes; may be null. A value
+ *             list of valuesSize bytes or more is cut to valuesSize - 1 bytes and a zero.
+ * valuesSize: of values in bytes; 0 or less: no value is written. Pass at least tagsSize: where the
+ *             key list fills its buffer, its zero byte goes to position tagsSize - 1 of VALUES, so
+ *             values must hold tagsSize bytes even where valuesSize is smaller.
+ * Result:     that of the look-up; -1 for a null handler. A file that cannot be read fills both
+ *             buffers with zero bytes.
+ */
+VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFile(void* handler, const char* path,
+                                                          char* tags, int tagsSize, char* values,
+                                                          int valuesSize);
+
+/*
+ * Lists the keys ("object.link") and the values of a parameter file, neighbours separated by the
+ * character U+001E; the n-th value belongs to the n-th key.
+ *
+ * path:   the parameter file in UTF-16 with its length in code units (negative: up to the
+ *         terminating zero; null is an empty path).
+ * tags:   receives the keys and a zero unit, not null. A list of size units or more is cut to
+ *         size - 1 units and a zero; units behind the zero are untouched.
+ * values: receives the values in the same way, not null.
+ * size:   of each of the two buffers in code units.
+ * Result: 0; -1, with nothing written, for a null handler, a size below 1, a file that cannot be
+ *         read or parsed, another root, or no entry.
+ */
+VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFileUnicode(void* handler,
+                                                                 const unsigned short* path,
+                                                                 int length, unsigned short* tags,
+                                                                 unsigned short* values, int size);
+
 /* ------------------------------------------------------------------------------------ images */
 
 /*
@@ -266,6 +322,65 @@ VELNORXMLTOIMG_API int xmlToImgCreateImage(void* handler, const char* path);
  * zero; null is an empty path, which writes nothing). */
 VELNORXMLTOIMG_API int xmlToImgCreateImageUnicode(void* handler, const unsigned short* path,
                                                   int length);
+
+/* ----------------------------------------------------------------------------------- queries */
+
+/*
+ * Checks whether the items of the document can be drawn as asked: picture files, fonts and their
+ * styles, barcode types and data, thicknesses, styles and lengths.
+ *
+ * messages: receives one English message for each finding, in document order, joined without a
+ *           separator (each ends with "; "), in UTF-8, the rest filled with zero bytes. What does
+ * not fit into size - 1 bytes is cut, perhaps inside a character. May be null. size:     of
+ * messages in bytes; 0 or less: nothing is written. Result:   0 when nothing was found; -1 when
+ * something was, also where messages could not hold it; -1 with the buffer untouched for a null
+ * handler or a document that does not parse; -1 with an empty buffer where no GUI application
+ * exists.
+ */
+VELNORXMLTOIMG_API int xmlToImgCheckCorrect(void* handler, char* messages, int size);
+
+/*
+ * Reads what the layout tells the printer: the elements "presentation", "ejectRetract" and
+ * "ejectRetractTimeout" of the canvas, tags and object tags applied.
+ *
+ * presentation: receives the number, -1 when it is missing or no number. Not null.
+ * ejectRetract: receives 0 for "eject", 1 for "retract" (in any case, blanks around allowed), -1
+ * for anything else. Not null. timeout:      receives the number, -1 when it is missing or no
+ * number. Not null. Result:       0, also for a document that cannot be read; -1 for a null
+ * handler, with the three integers untouched.
+ */
+VELNORXMLTOIMG_API int xmlToImgGetPrinterSettings(void* handler, int* presentation,
+                                                  int* ejectRetract, int* timeout);
+
+/*
+ * Tells whether a font family can be used, and whether it has bold and italic styles.
+ *
+ * handler: any handler, not null; nothing of it is used.
+ * family:  UTF-8, ended by a zero byte; null is an empty name.
+ * bold:    receives 1 or 0. Where it or italic is null, the result is -1 and nothing is written.
+ * italic:  receives 1 or 0.
+ * Result:  0; -1 for a null handler, an unknown family (both integers are 0 then), or where no GUI
+ *          application exists (likewise).
+ */
+VELNORXMLTOIMG_API int xmlToImgGetFontProperty(void* handler, const char* family, int* bold,
+                                               int* italic);
+
+/* The same with the family in UTF-16 and its length in code units (negative: up to the terminating
+ * zero; null is an empty name). */
+VELNORXMLTOIMG_API int xmlToImgGetFontPropertyUnicode(void* handler, const unsigned short* family,
+                                                      int length, int* bold, int* italic);
+
+/*
+ * Lists the fonts that the process can use at this moment, those of handlers included.
+ *
+ * Result: entries of a family, one blank and a style, separated by ";", in Latin-1 (other
+ * characters become question marks), ended by a zero byte; to be given to xmlToImgFreeFontList.
+ * Null when there are no fonts, where no GUI application exists, or when memory ran out.
+ */
+VELNORXMLTOIMG_API char* xmlToImgAvailableFontList(void);
+
+/* Frees a list from xmlToImgAvailableFontList; null is ignored. */
+VELNORXMLTOIMG_API void xmlToImgFreeFontList(char* list);
 
 #ifdef __cplusplus
 }

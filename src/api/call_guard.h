@@ -3,6 +3,7 @@
 #ifndef VELNOR_API_CALL_GUARD_H
 #define VELNOR_API_CALL_GUARD_H
 
+#include "api/host_thread.h"
 #include "handler/velnorxml.h"
 
 namespace velnor {
@@ -26,8 +27,10 @@ int withHandler(void* handle, Work work) noexcept {
     if (handle == nullptr) {
         return Failure;
     }
-    return guarded(Failure,
-                   [&] { return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure; });
+    return guarded(Failure, [&] {
+        const HostThread thread;
+        return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure;
+    });
 }
 
 } // namespace velnor

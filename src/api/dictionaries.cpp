@@ -3,8 +3,6 @@
 #include "api/call_guard.h"
 #include "api/wide_text.h"
 
-#include <algorithm>
-
 using velnor::utf8FromWide;
 using velnor::withHandler;
 
@@ -12,9 +10,6 @@ namespace {
 
 constexpr bool Tag = false;
 constexpr bool Link = true;
-
-// A caller's size near 2^31 must not become an allocation of 4 GiB; no value is as long as this.
-constexpr qint64 MaximumScratch = 64LL * 1024 * 1024;
 
 int setObjectTag(void* handler, const char* name, const char* value, bool link) {
     return withHandler(handler, [&](VelnorXml& xml) {
@@ -42,8 +37,8 @@ int getWideObjectTag(void* handler, const unsigned short* name, int length, unsi
         if (size < 1) {
             return velnor::Failure;
         }
-        // Two bytes for each unit: what does not fit there is cut, as in a narrow buffer.
-        QByteArray scratch(static_cast<int>(std::min<qint64>(2LL * size, MaximumScratch)), '\0');
+        // What does not fit is cut, as in a narrow buffer.
+        QByteArray scratch = velnor::scratchFor(size);
         const int result = xml.GetObjectTagDictionary(utf8FromWide(name, length).constData(),
                                                       scratch.data(), scratch.size(), link);
         if (result == 0) {

@@ -1,5 +1,6 @@
-// A small event dispatcher over poll(2), for the thread of the library's own application. It
-// knows nothing of GLib, so that a GLib host keeps its main context to itself.
+// A small event dispatcher over poll(2), for threads that have none of Qt's: that of the library's
+// own application, and those of hosts. It knows nothing of GLib, so that a GLib host keeps its main
+// context to itself.
 #ifndef VELNOR_API_EVENT_DISPATCHER_H
 #define VELNOR_API_EVENT_DISPATCHER_H
 
@@ -37,6 +38,9 @@ public:
     void interrupt() override; // from any thread
     void flush() override;
 
+    // Sends the events of the timers that are due, and nothing else.
+    bool activateTimers();
+
 private:
     struct Timer {
         int id;
@@ -51,7 +55,6 @@ private:
     bool waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& set);
     void clearWakeUp() const;
     bool activateNotifiers(const std::vector<pollfd>& set);
-    bool activateTimers();
     Timer* findTimer(int timerId);
 
     int wakeUpFile;

@@ -16,7 +16,7 @@ QtMessageHandler hostMessageHandler = nullptr;
 
 void forwardOtherMessages(QtMsgType type, const QMessageLogContext& context,
                           const QString& message) {
-    if (!message.contains(QLatin1String("XDG_RUNTIME_DIR"))) {
+    if (!message.startsWith(QLatin1String("QStandardPaths: "))) {
         hostMessageHandler(type, context, message);
     }
 }

@@ -1,23 +1,15 @@
 #include "velnorxmltoimg.h"
 
 #include "api/call_guard.h"
+#include "api/parsed_layout.h"
 #include "api/wide_text.h"
-#include "document/elements.h"
 #include "render/velnorimage.h"
-
-#include <memory>
 
 namespace {
 
-std::unique_ptr<VelnorDrawableCanvas> parsed(VelnorXml& xml) {
-    VelnorDrawableCanvas* canvas = nullptr;
-    xml.Parse(&canvas);
-    return std::unique_ptr<VelnorDrawableCanvas>(canvas);
-}
-
 // Blind on purpose: hosts look for the output file.
 int createImage(VelnorXml& xml, const char* path) {
-    VelnorImage::CreateImageFromCanvas(parsed(xml).get(), path);
+    VelnorImage::CreateImageFromCanvas(velnor::parseLayout(xml).canvas.get(), path);
     return velnor::Success;
 }
 

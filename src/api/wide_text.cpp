@@ -10,6 +10,12 @@ QByteArray velnor::utf8FromWide(const unsigned short* text, int length) {
     return QString::fromUtf16(text, length).toUtf8();
 }
 
+QByteArray velnor::scratchFor(int size) {
+    // A size near 2^31 must not become an allocation of 4 GiB; no value is as long as this.
+    constexpr qint64 Enough = 64LL * 1024 * 1024;
+    return QByteArray(static_cast<int>(std::min(static_cast<qint64>(size) * 2, Enough)), '\0');
+}
+
 void VelnorXml::FromtUtf8ToUtf16Buffer(const char* source, unsigned short* destination, int n) {
     const QString text = QString::fromUtf8(source);
     // Always leaves room for the terminator: a text of exactly n units loses its last one.

@@ -10,6 +10,9 @@ namespace velnor {
 // is empty, and its bytes are an empty string, not a null one.
 QByteArray utf8FromWide(const unsigned short* text, int length);
 
+// The narrow buffer behind a wide one of `size` code units, zeroed: two bytes for each unit.
+QByteArray scratchFor(int size);
+
 } // namespace velnor
 
 #endif

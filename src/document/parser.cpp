@@ -1,4 +1,5 @@
 // From the document on disk to the record tree.
+#include "document/canvas_element.h"
 #include "document/dom_loading.h"
 #include "document/dom_values.h"
 #include "document/elements.h"
@@ -41,9 +42,9 @@ void visitChildElements(const QDomElement& parent, Visitor visit) {
     }
 }
 
-std::unique_ptr<VelnorDrawableCanvas> readCanvas(const QDomElement& itemsElement) {
+std::unique_ptr<VelnorDrawableCanvas> readCanvas(const QDomElement& itemList) {
     auto canvas = std::make_unique<VelnorDrawableCanvas>();
-    visitChildElements(itemsElement,
+    visitChildElements(itemList,
                        [&](const QDomElement& child) { applyCanvasField(*canvas, child); });
     VelnorXml::FixCanvasRow(canvas.get());
     VelnorXml::FixCanvasColumn(canvas.get());
@@ -64,12 +65,12 @@ velnor::ElementPointer readItem(const QDomElement& element, const VelnorDrawable
     return item;
 }
 
-std::unique_ptr<velnor::ElementList> readItems(const QDomElement& itemsElement,
+std::unique_ptr<velnor::ElementList> readItems(const QDomElement& itemList,
                                                const VelnorDrawableCanvas& canvas,
                                                const VelnorXml& handler) {
     auto items = std::make_unique<velnor::ElementList>();
     // All levels: an item inside another item is an item of its own.
-    const QDomNodeList elements = itemsElement.elementsByTagName(QStringLiteral("VelnorItem"));
+    const QDomNodeList elements = itemList.elementsByTagName(QStringLiteral("VelnorItem"));
     for (int i = 0; i < elements.size(); ++i) {
         if (auto item = readItem(elements.at(i).toElement(), canvas, handler)) {
             items->push_back(std::move(item));
@@ -90,20 +91,15 @@ int VelnorXml::Parse(VelnorDrawableCanvas** out) {
         return 1;
     }
     applyObjectTagsToXmlDoc(document);
-    const QDomElement root = document.documentElement();
-    if (root.tagName() != QLatin1String("VelnorRoot")) {
+    const QDomElement itemList = velnor::firstItemList(document);
+    if (itemList.isNull()) {
         return 1;
     }
-    const QDomElement itemsElement =
-        root.elementsByTagName(QStringLiteral("VelnorItems")).at(0).toElement();
-    if (itemsElement.isNull()) {
-        return 1;
-    }
-    if (itemsElement.attribute(QStringLiteral("class")) != QLatin1String("canvas")) {
+    if (!velnor::isCanvas(itemList)) {
         return 0;
     }
-    auto canvas = readCanvas(itemsElement);
-    canvas->items = readItems(itemsElement, *canvas, *this);
+    auto canvas = readCanvas(itemList);
+    canvas->items = readItems(itemList, *canvas, *this);
     canvas->PrintInfo();
     *out = canvas.release();
     return 0;

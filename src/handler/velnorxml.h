@@ -12,6 +12,7 @@
 class QDomDocument;
 class QDomElement;
 class QDomNode;
+class QFontDatabase;
 class VelnorDrawableCanvas;
 class VelnorDrawableElement;
 
@@ -31,6 +32,20 @@ public:
 
     VELNOR_EXPORTED static bool embeddedFontKeepFlag;
     VELNOR_EXPORTED static QList<FontItem*>* embeddedFontIdList;
+
+    // handler/validation.cpp: 0 when nothing was found, -1 otherwise
+    static int CheckIsCorrect(const VelnorDrawableCanvas* canvas, char* buffer, int size);
+    static void writeInfo(char* buffer, int size, int* remaining, const QString& text);
+
+    // handler/printer_settings.cpp
+    int GetPrinterSettings(int* presentation, int* ejectRetract, int* timeout);
+    QString GetClassId() const;
+
+    // handler/font_queries.cpp
+    static int GetFontProperty(const QString& family, int* bold, int* italic);
+    static bool fontFamilyIsAvailable(const QFontDatabase* database, const QString& family);
+    static bool fontFamilyIsBold(const QFontDatabase* database, const QString& family);
+    static bool fontFamilyIsItalic(const QFontDatabase* database, const QString& family);
 
     // document/parser.cpp: 0 when the document was read, 1 on failure. The caller owns the canvas,
     // which is null for a document whose first item list is no canvas.
@@ -70,6 +85,12 @@ public:
                                            const QString& value);
     static QDomNode matchIDInRootElement(const QDomElement& parent, const QString& value);
     static QDomNode matchLinkInRootElement(const QDomElement& parent, const QString& value);
+
+    // tags/param_files.cpp: 0 success, 1 failure
+    int ParseParamsApplyTagGeneric(const char* file, QList<DictionaryItem>* out);
+    int ParseParamsApplyTag(const char* file);
+    int ParseParamsGetTagList(const char* file, char* keys, int keysSize, char* values,
+                              int valuesSize);
 
     // tags/file_paths.cpp
     QString FixAbsRelFilePath(const QString& path) const;

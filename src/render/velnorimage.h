@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QRectF>
 #include <QString>
+#include <QStringList>
 #include <QTransform>
 
 #include <memory>
@@ -91,6 +92,10 @@ public:
     // render/text_fit.cpp
     static int adaptFontSize(QPainter* painter, int flags, const QRectF& box, const QString& text,
                              QFont font);
+
+    // render/font_list.cpp
+    static QStringList ListAvailableFont();
+    static char* GetAvailableFont(); // made with new[]; null when there are no fonts
 
     const QImage* picture() const { return image.get(); }
     const QFont* currentFont() const { return font.get(); }

@@ -1,0 +1,93 @@
+// Parameter files: values for a layout's object links, applied to a handler or listed.
+#include "document/dom_loading.h"
+#include "handler/velnorxml.h"
+
+#include <QDomDocument>
+#include <QFile>
+
+#include <cstring>
+
+namespace {
+
+const QChar RecordSeparator(0x1E);
+
+bool loadParams(const char* file, QDomDocument& document) {
+    QFile device(QString::fromUtf8(file));
+    return !device.fileName().isEmpty() && device.open(QIODevice::ReadOnly) &&
+           velnor::loadXml(document, device.readAll()) &&
+           document.documentElement().tagName() == QLatin1String("VelnorParams");
+}
+
+// Calls `visit` with the key and the value of each child node of an entry. A comment has no name,
+// so its key ends with the point.
+template <typename Visitor>
+void visitPairs(const QDomElement& entry, Visitor visit) {
+    const QString id = entry.attribute(QStringLiteral("id"));
+    if (id.isEmpty()) {
+        return;
+    }
+    for (QDomNode child = entry.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        const QDomElement element = child.toElement();
+        visit(id + QLatin1Char('.') + element.tagName(), element.text());
+    }
+}
+
+// As strncpy; a size of 0 or less writes nothing. Tells whether the text filled the buffer.
+bool copyFilling(char* buffer, int size, const QByteArray& text) {
+    if (size <= 0) {
+        return false;
+    }
+    std::strncpy(buffer, text.constData(), static_cast<size_t>(size));
+    return text.size() >= size;
+}
+
+} // namespace
+
+int VelnorXml::ParseParamsApplyTagGeneric(const char* file, QList<DictionaryItem>* out) {
+    QDomDocument document(QStringLiteral("mydocument"));
+    if (!loadParams(file, document)) {
+        return 1;
+    }
+    const QDomNodeList entries =
+        document.documentElement().elementsByTagName(QStringLiteral("VelnorParam"));
+    if (entries.isEmpty()) {
+        return 1;
+    }
+    for (int i = 0; i < entries.size(); ++i) {
+        visitPairs(entries.at(i).toElement(), [&](const QString& key, const QString& value) {
+            if (out != nullptr) {
+                out->append(DictionaryItem(key, value));
+            } else {
+                SetObjectTagDictionary(key.toUtf8().constData(), value.toUtf8().constData(), true,
+                                       true);
+            }
+        });
+    }
+    return 0;
+}
+
+int VelnorXml::ParseParamsApplyTag(const char* file) {
+    return ParseParamsApplyTagGeneric(file, nullptr);
+}
+
+int VelnorXml::ParseParamsGetTagList(const char* file, char* keys, int keysSize, char* values,
+                                     int valuesSize) {
+    QList<DictionaryItem> pairs;
+    const int result = ParseParamsApplyTagGeneric(file, &pairs);
+    QStringList keyList;
+    QStringList valueList;
+    for (const DictionaryItem& pair : pairs) {
+        keyList.append(pair.key);
+        valueList.append(pair.value);
+    }
+    if (keys != nullptr && copyFilling(keys, keysSize, keyList.join(RecordSeparator).toUtf8()) &&
+        values != nullptr) {
+        // The terminating zero of a full key buffer goes into the value buffer: hosts know it so.
+        values[keysSize - 1] = '\0';
+    }
+    if (values != nullptr &&
+        copyFilling(values, valuesSize, valueList.join(RecordSeparator).toUtf8())) {
+        values[valuesSize - 1] = '\0';
+    }
+    return result;
+}
