@@ -18,14 +18,17 @@
  *   draws, since the fonts that they register belong to the whole process.
  *
  * TEXT
- *   Narrow functions take UTF-8 that ends with a zero byte; names of tags and objects are read as
- *   Latin-1. Functions whose names end in Unicode take UTF-16 code units and a length in code
- * units; a negative length means: up to the terminating zero. A null wide text is an empty text,
- * whatever its length. No input is changed or kept: the caller frees it whenever it likes.
+ *   Narrow functions take UTF-8 that ends with a zero byte; the names of tags and objects, however,
+ *   are read as Latin-1. Functions whose names end in Unicode take UTF-16 code units and a length
+ *   in code units; a negative length means: up to the terminating zero. A null wide text is an
+ *   empty text, whatever its length. Wide names reach the dictionaries as UTF-8 bytes read as
+ *   Latin-1: use names of ASCII characters. No input is changed or kept: the caller frees it
+ *   whenever it likes.
  *
  * BUFFERS
  *   The caller owns every buffer that it passes and says how large it is: in bytes for narrow
- *   functions, in UTF-16 code units for wide ones. Nothing outside the stated size is touched.
+ *   functions, in UTF-16 code units for wide ones. Nothing outside the stated size is touched; the
+ *   one function that needs more room, xmlToImgGetDictionaryFromParamFile, says so.
  *
  * RESULTS
  *   0 is success and -1 is failure, unless a function says otherwise. A null handler gives -1
@@ -331,11 +334,11 @@ VELNORXMLTOIMG_API int xmlToImgCreateImageUnicode(void* handler, const unsigned 
  *
  * messages: receives one English message for each finding, in document order, joined without a
  *           separator (each ends with "; "), in UTF-8, the rest filled with zero bytes. What does
- * not fit into size - 1 bytes is cut, perhaps inside a character. May be null. size:     of
- * messages in bytes; 0 or less: nothing is written. Result:   0 when nothing was found; -1 when
- * something was, also where messages could not hold it; -1 with the buffer untouched for a null
- * handler or a document that does not parse; -1 with an empty buffer where no GUI application
- * exists.
+ *           not fit into size - 1 bytes is cut, perhaps inside a character. May be null.
+ * size:     of messages in bytes; 0 or less: nothing is written.
+ * Result:   0 when nothing was found; -1 when something was, also where messages could not hold it;
+ *           -1 with the buffer untouched for a null handler or a document that does not parse; -1
+ *           with an empty buffer where no GUI application exists.
  */
 VELNORXMLTOIMG_API int xmlToImgCheckCorrect(void* handler, char* messages, int size);
 
@@ -345,9 +348,10 @@ VELNORXMLTOIMG_API int xmlToImgCheckCorrect(void* handler, char* messages, int s
  *
  * presentation: receives the number, -1 when it is missing or no number. Not null.
  * ejectRetract: receives 0 for "eject", 1 for "retract" (in any case, blanks around allowed), -1
- * for anything else. Not null. timeout:      receives the number, -1 when it is missing or no
- * number. Not null. Result:       0, also for a document that cannot be read; -1 for a null
- * handler, with the three integers untouched.
+ *               for anything else. Not null.
+ * timeout:      receives the number, -1 when it is missing or no number. Not null.
+ * Result:       0, also for a document that cannot be read; -1 for a null handler, with the three
+ *               integers untouched.
  */
 VELNORXMLTOIMG_API int xmlToImgGetPrinterSettings(void* handler, int* presentation,
                                                   int* ejectRetract, int* timeout);
@@ -374,8 +378,9 @@ VELNORXMLTOIMG_API int xmlToImgGetFontPropertyUnicode(void* handler, const unsig
  * Lists the fonts that the process can use at this moment, those of handlers included.
  *
  * Result: entries of a family, one blank and a style, separated by ";", in Latin-1 (other
- * characters become question marks), ended by a zero byte; to be given to xmlToImgFreeFontList.
- * Null when there are no fonts, where no GUI application exists, or when memory ran out.
+ *         characters become question marks), ended by a zero byte; to be given to
+ *         xmlToImgFreeFontList. Null when there are no fonts, where no GUI application exists, or
+ *         when memory ran out.
  */
 VELNORXMLTOIMG_API char* xmlToImgAvailableFontList(void);
 

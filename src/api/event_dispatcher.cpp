@@ -122,7 +122,13 @@ bool EventDispatcher::activateNotifiers(const std::vector<pollfd>& set) {
     for (size_t i = 0; i < set.size(); ++i) {
         QSocketNotifier* notifier = polled.value(static_cast<int>(i));
         // An earlier one may have unregistered it.
-        if (set[i].revents != 0 && notifiers.contains(notifier)) {
+        if (set[i].revents == 0 || !notifiers.contains(notifier)) {
+            continue;
+        }
+        if ((set[i].revents & POLLNVAL) != 0) {
+            // Its file is closed: it would be reported again at once, for ever.
+            notifier->setEnabled(false);
+        } else {
             QEvent event(QEvent::SockAct);
             QCoreApplication::sendEvent(notifier, &event);
             activated = true;
@@ -178,7 +184,8 @@ EventDispatcher::Timer* EventDispatcher::findTimer(int timerId) {
 int EventDispatcher::timeUntilNextTimer() const {
     int next = Forever;
     for (const Timer& timer : timers) {
-        next = earlier(next, static_cast<int>(timer.due.remainingTime()));
+        // A handler that runs events of its own is not called again meanwhile.
+        next = timer.isFiring ? next : earlier(next, static_cast<int>(timer.due.remainingTime()));
     }
     return next;
 }
@@ -186,16 +193,20 @@ int EventDispatcher::timeUntilNextTimer() const {
 bool EventDispatcher::activateTimers() {
     std::vector<int> due;
     for (const Timer& timer : timers) {
-        if (timer.due.hasExpired()) {
+        if (!timer.isFiring && timer.due.hasExpired()) {
             due.push_back(timer.id);
         }
     }
     for (const int id : due) {
-        // An earlier one may have stopped it.
+        // Each may stop the others, and itself.
         if (Timer* timer = findTimer(id)) {
+            timer->isFiring = true;
             timer->due = QDeadlineTimer(timer->interval, timer->type);
             QTimerEvent event(id);
             QCoreApplication::sendEvent(timer->object, &event);
+        }
+        if (Timer* timer = findTimer(id)) {
+            timer->isFiring = false;
         }
     }
     return !due.empty();

@@ -48,6 +48,7 @@ private:
         Qt::TimerType type;
         QObject* object;
         QDeadlineTimer due;
+        bool isFiring = false;
     };
 
     std::vector<pollfd> pollSet() const;

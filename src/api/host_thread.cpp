@@ -2,14 +2,22 @@
 
 #include "api/event_dispatcher.h"
 
+#include <QCoreApplication>
 #include <QThread>
 
 #include <memory>
 
-velnor::HostThread::HostThread() {
+void velnor::ensureThreadHasDispatcher() {
     if (QAbstractEventDispatcher::instance() == nullptr) {
-        // Destroyed by Qt when the thread ends.
+        // Destroyed by Qt when the thread, or the application on it, ends.
         QThread::currentThread()->setEventDispatcher(std::make_unique<EventDispatcher>().release());
+    }
+}
+
+velnor::HostThread::HostThread() {
+    // A host that makes its application later must find its thread as it was.
+    if (QCoreApplication::instance() != nullptr) {
+        ensureThreadHasDispatcher();
     }
 }
 

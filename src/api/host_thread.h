@@ -1,13 +1,16 @@
-// The host's thread during a call of the library.
+// The host's threads, as Qt sees them.
 #ifndef VELNOR_API_HOST_THREAD_H
 #define VELNOR_API_HOST_THREAD_H
 
 namespace velnor {
 
-// Qt's font cache keeps itself small by a timer on the thread that uses it. A host's thread has no
-// event loop: Qt would complain on standard error, and the cache would grow for as long as the
-// thread lives. So the thread gets a dispatcher, where it has none, and timers that are due run at
-// the end of a call.
+// Gives the thread an event dispatcher of ours, where it has none. Qt's own would take over the
+// main context of a GLib host.
+void ensureThreadHasDispatcher();
+
+// The host's thread during a call. Qt's font cache keeps itself small by a timer on the thread that
+// uses it; a host's thread has no event loop, so Qt would complain on standard error and the cache
+// would grow for as long as the thread lives. Here the timers that are due run at the end of a call.
 class HostThread {
 public:
     HostThread();

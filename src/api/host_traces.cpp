@@ -14,11 +14,20 @@ namespace {
 
 QtMessageHandler hostMessageHandler = nullptr;
 
+// What Qt has to say on a missing folder, and on an application beside the main thread.
+constexpr const char* StartUpRemarks[] = {
+    "QStandardPaths: ",
+    "WARNING: QApplication was not created in the main() thread",
+};
+
 void forwardOtherMessages(QtMsgType type, const QMessageLogContext& context,
                           const QString& message) {
-    if (!message.startsWith(QLatin1String("QStandardPaths: "))) {
-        hostMessageHandler(type, context, message);
+    for (const char* remark : StartUpRemarks) {
+        if (message.startsWith(QLatin1String(remark))) {
+            return;
+        }
     }
+    hostMessageHandler(type, context, message);
 }
 
 // The folder that Qt makes up for the user of this process.
@@ -39,18 +48,24 @@ velnor::LocaleKeeper::~LocaleKeeper() {
     std::setlocale(LC_ALL, hostLocale.constData());
 }
 
-velnor::RuntimeFolderKeeper::RuntimeFolderKeeper() {
-    const QByteArray folder = runtimeFolder();
-    if (access(folder.constData(), F_OK) != 0) {
-        newFolder = folder;
-    }
+velnor::StartUpSilencer::StartUpSilencer() {
     // In two steps: another thread may send a message at any time.
     hostMessageHandler = qInstallMessageHandler(nullptr);
     qInstallMessageHandler(forwardOtherMessages);
 }
 
-velnor::RuntimeFolderKeeper::~RuntimeFolderKeeper() {
+velnor::StartUpSilencer::~StartUpSilencer() {
     qInstallMessageHandler(hostMessageHandler);
+}
+
+velnor::RuntimeFolderKeeper::RuntimeFolderKeeper() {
+    const QByteArray folder = runtimeFolder();
+    if (access(folder.constData(), F_OK) != 0) {
+        newFolder = folder;
+    }
+}
+
+velnor::RuntimeFolderKeeper::~RuntimeFolderKeeper() {
     if (!newFolder.isEmpty()) {
         rmdir(newFolder.constData());
     }

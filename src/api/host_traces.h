@@ -19,8 +19,17 @@ private:
     QByteArray hostLocale;
 };
 
-// Where XDG_RUNTIME_DIR is unset, Qt makes a folder in its place and remarks on it on standard
-// error. While this lives, the remark is kept off; a folder that was not there before goes.
+// While this lives, Qt's remarks on its start-up are kept off the host's standard error.
+class StartUpSilencer {
+public:
+    StartUpSilencer();
+    ~StartUpSilencer();
+    StartUpSilencer(const StartUpSilencer&) = delete;
+    StartUpSilencer& operator=(const StartUpSilencer&) = delete;
+};
+
+// Where XDG_RUNTIME_DIR is unset, Qt makes a folder in its place. When this goes, a folder that was
+// not there before goes too.
 class RuntimeFolderKeeper {
 public:
     RuntimeFolderKeeper();

@@ -1,7 +1,7 @@
 #include "velnorxmltoimg.h"
 
 #include "api/call_guard.h"
-#include "api/event_dispatcher.h"
+#include "api/host_thread.h"
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
 
@@ -48,6 +48,7 @@ void prepareArguments() {
 std::unique_ptr<QGuiApplication> makeApplication() {
     const velnor::LocaleKeeper locale;
     const velnor::RuntimeFolderKeeper runtimeFolder;
+    const velnor::StartUpSilencer silencer;
     prepareArguments();
     // Before the application is made: at another resolution no font family matches exactly.
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
@@ -57,29 +58,28 @@ std::unique_ptr<QGuiApplication> makeApplication() {
 }
 
 void runOwnApplication() {
-    // Qt's own dispatcher would take over the main context of a GLib host.
-    velnor::EventDispatcher dispatcher;
-    QCoreApplication::setEventDispatcher(&dispatcher);
+    velnor::ensureThreadHasDispatcher();
     const auto application = makeApplication();
-    qtStarted = 1;
     VelnorQtStartedAsNonGuiApp = 1;
+    qtStarted = 1;
     QCoreApplication::exec();
 }
 
 } // namespace
 
 void xmlToImgInitializeQtNoReturn() {
-    if (QCoreApplication::instance() != nullptr) {
-        qtStarted = 1;
-        return;
-    }
+    // Claimed first: the instance exists already while it is still being constructed.
     if (startUpClaimed.exchange(true)) {
         return;
     }
-    velnor::guarded(velnor::Failure, [] {
-        runOwnApplication();
-        return velnor::Success;
-    });
+    if (QCoreApplication::instance() != nullptr) {
+        qtStarted = 1;
+    } else {
+        velnor::guarded(velnor::Failure, [] {
+            runOwnApplication();
+            return velnor::Success;
+        });
+    }
     startUpClaimed = false;
 }
 

@@ -15,17 +15,7 @@ int velnor::saturate(qint64 value) {
 }
 
 int velnor::roundToDots(double value) {
-    // qRound works on the integers beside the value, so the outermost ones are kept from it.
-    if (std::isnan(value)) {
-        return 0;
-    }
-    if (value <= Lowest + 1.0) {
-        return Lowest;
-    }
-    if (value >= Highest - 1.0) {
-        return Highest;
-    }
-    return qRound(value);
+    return truncateToDots(std::floor(value + 0.5));
 }
 
 int velnor::truncateToDots(double value) {

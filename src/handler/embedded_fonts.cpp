@@ -14,6 +14,9 @@ QList<FontItem*>* VelnorXml::embeddedFontIdList = nullptr;
 
 namespace {
 
+// No font is as large; what lies in the folder beside the fonts may be.
+constexpr qint64 MaximumFontFileSize = 128LL * 1024 * 1024;
+
 // Marks the record of a font file that is registered already. False when there is none.
 bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
     const auto sameFile = [&](const FontItem* font) {
@@ -27,10 +30,16 @@ bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
     return true;
 }
 
-void registerFont(QList<FontItem*>& fonts, const QFileInfo& file, int size) {
-    const int id = QFontDatabase::addApplicationFont(file.filePath());
+// From memory: Qt would map the file, and a file that is replaced or cut short later would end the
+// host's process.
+void registerFont(QList<FontItem*>& fonts, const QFileInfo& info, int size) {
+    QFile file(info.filePath());
+    if (info.size() > MaximumFontFileSize || !file.open(QIODevice::ReadOnly)) {
+        return;
+    }
+    const int id = QFontDatabase::addApplicationFontFromData(file.readAll());
     if (id != -1) {
-        fonts.append(std::make_unique<FontItem>(file.fileName(), id, size).release());
+        fonts.append(std::make_unique<FontItem>(info.fileName(), id, size).release());
     }
 }
 

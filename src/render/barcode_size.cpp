@@ -1,4 +1,5 @@
 // Filling an item's box with a symbol as far as whole module multiples allow.
+#include "document/dots.h"
 #include "render/velnorbarcode.h"
 
 #include <QImage>
@@ -13,9 +14,8 @@ constexpr float SmallestScale = 0.5F; // one dot a module
 
 // How often the length fits into the box, in steps of the smallest scale.
 float scaleFor(int boxLength, int smallestLength) {
-    const auto times = static_cast<float>(
-        static_cast<int>(static_cast<float>(boxLength) / static_cast<float>(smallestLength)));
-    return times * SmallestScale;
+    const float times = static_cast<float>(boxLength) / static_cast<float>(smallestLength);
+    return static_cast<float>(velnor::truncateToDots(times)) * SmallestScale;
 }
 
 struct Fit {
@@ -35,7 +35,7 @@ Fit fitVariableHeight(const QSize& box, const QSize& smallest, int extra) {
     if (!heightGiven) {
         return {DefaultBarHeight, scale};
     }
-    return {(static_cast<int>(static_cast<float>(box.height()) / scale) - extra) / 2, scale};
+    return {(velnor::truncateToDots(static_cast<float>(box.height()) / scale) - extra) / 2, scale};
 }
 
 Fit fitFixedHeight(const QSize& box, const QSize& smallest) {

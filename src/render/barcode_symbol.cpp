@@ -1,5 +1,6 @@
 // One encoding: a zint symbol is set up, encoded and written as a picture.
 #include "render/limits.h"
+#include "render/picture_file.h"
 #include "render/velnorbarcode.h"
 
 #include <QFile>
@@ -63,15 +64,8 @@ QImage toPicture(const zint_symbol& symbol) {
 // puts there is never written to.
 bool writeNewFile(const QString& name, const QImage& picture) {
     QFile::remove(name);
-    QFile file(name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        return false;
-    }
-    if (picture.save(&file, "PNG") && file.flush()) {
-        return true;
-    }
-    file.remove();
-    return false;
+    return velnor::writePictureFile(name, velnor::encodePicture(picture, "png"),
+                                    QIODevice::WriteOnly | QIODevice::NewOnly);
 }
 
 } // namespace

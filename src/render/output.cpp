@@ -1,14 +1,17 @@
 // From the surface to the file: crop, margins, resolution, format.
 #include "document/dots.h"
 #include "render/blank_surface.h"
-#include "render/surface_painter.h"
+#include "render/picture_file.h"
 #include "render/velnorimage.h"
+
+#include <QFileInfo>
+
+#include <cstring>
 
 namespace {
 
 constexpr double MillimetresPerInch = 25.4;
 constexpr int RollMarginMillimetres = 2;
-constexpr int DefaultQuality = -1;
 constexpr int Written = -1; // an inverted sense that callers of the save operations rely on
 constexpr int NotWritten = 0;
 constexpr int NoSurface = -1;
@@ -27,6 +30,27 @@ QString withBmpSuffix(const QString& name) {
     return name.left(name.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".bmp");
 }
 
+// Copies the dots as they are, alpha included, to (left, top), and cuts what lies outside. Not
+// through a painter, which reaches no further than 32,767 dots.
+void copyDots(const QImage& source, QImage& target, int left, int top) {
+    const QRect place = source.rect().translated(left, top) & target.rect();
+    const auto dotSize = static_cast<size_t>(target.depth() / 8);
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        const uchar* from = source.constScanLine(y - top);
+        uchar* to = target.scanLine(y);
+        std::memcpy(to + static_cast<size_t>(place.left()) * dotSize,
+                    from + static_cast<size_t>(place.left() - left) * dotSize,
+                    static_cast<size_t>(place.width()) * dotSize);
+    }
+}
+
+// In the format that the name's suffix selects.
+int write(const QImage& picture, const QString& name) {
+    const QByteArray format = QFileInfo(name).suffix().toLatin1();
+    const QByteArray bytes = velnor::encodePicture(picture, format);
+    return velnor::writePictureFile(name, bytes, QIODevice::WriteOnly) ? Written : NotWritten;
+}
+
 } // namespace
 
 int VelnorImage::addRollMargin(int y, int dpi) {
@@ -39,11 +63,7 @@ QImage VelnorImage::ApplyMarginsToImage(const QImage& source, int left, int top,
     const int width = velnor::saturate(static_cast<qint64>(source.width()) + left + right);
     const int height = velnor::saturate(static_cast<qint64>(source.height()) + top + bottom);
     QImage framed = velnor::makeBlankSurface(width, height);
-    SurfacePainter painter(framed);
-    if (painter.isActive() && !source.isNull()) {
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(left, top, source);
-    }
+    copyDots(source.convertToFormat(QImage::Format_ARGB32_Premultiplied), framed, left, top);
     return framed;
 }
 
@@ -65,7 +85,7 @@ int VelnorImage::SaveImage(const char* fileName, int dpi, int left, int top, int
     }
     QImage framed = ApplyMarginsToImage(keptPicture(dpi), left, top, right, bottom);
     setResolution(framed, dpi);
-    return framed.save(QString::fromUtf8(fileName), nullptr, DefaultQuality) ? Written : NotWritten;
+    return write(framed, QString::fromUtf8(fileName));
 }
 
 int VelnorImage::SaveImageBmp(const char* fileName, int dpi, int left, int top, int right,
@@ -76,7 +96,5 @@ int VelnorImage::SaveImageBmp(const char* fileName, int dpi, int left, int top, 
     const QImage framed = ApplyMarginsToImage(keptPicture(dpi), left, top, right, bottom);
     QImage dithered = framed.convertToFormat(QImage::Format_Mono, Qt::OrderedDither);
     setResolution(dithered, dpi);
-    return dithered.save(withBmpSuffix(QString::fromUtf8(fileName)), nullptr, DefaultQuality)
-               ? Written
-               : NotWritten;
+    return write(dithered, withBmpSuffix(QString::fromUtf8(fileName)));
 }

@@ -2,8 +2,11 @@
 
 #include "render/limits.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QImageWriter>
 
 QImage velnor::loadPicture(const QString& path) {
     if (!QFileInfo(path).isFile()) {
@@ -15,4 +18,30 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     return reader.read();
+}
+
+QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) ||
+        !QImageWriter(&buffer, format).write(picture)) {
+        return {};
+    }
+    return bytes;
+}
+
+bool velnor::writePictureFile(const QString& path, const QByteArray& bytes,
+                              QIODevice::OpenMode mode) {
+    QFile file(path);
+    if (bytes.isEmpty() || path.isEmpty() || !file.open(mode)) {
+        return false;
+    }
+    if (file.write(bytes) == bytes.size() && file.flush()) {
+        return true;
+    }
+    // A device or a pipe stays.
+    if (QFileInfo(path).isFile()) {
+        file.remove();
+    }
+    return false;
 }

@@ -8,8 +8,12 @@
 
 namespace {
 
-// Overwrites a property that holds plain text or nothing; other content is left as it is.
+// Overwrites a property that holds plain text or nothing; other content is left as it is. There is
+// no property where its name is empty.
 void setPropertyText(QDomDocument& doc, QDomNode property, const QString& value) {
+    if (property.isNull()) {
+        return;
+    }
     QDomNode child = property.firstChild();
     if (child.isNull()) {
         property.appendChild(doc.createTextNode(value));

@@ -23,7 +23,7 @@ int VelnorXml::ClearAllDictionary() {
 QString VelnorXml::ReadXmlApplyTags() const {
     QString result;
     QFile file(documentPath);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (documentPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return result;
     }
     QTextStream stream(&file);
