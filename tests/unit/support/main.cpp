@@ -1,0 +1,16 @@
+// The unit tests run inside a GUI application without a screen, at 96 dots per inch.
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    char program[] = "unit";
+    char platformOption[] = "-platform";
+    char platform[] = "offscreen";
+    char* arguments[] = {program, platformOption, platform, nullptr};
+    int count = 3;
+    QGuiApplication application(count, arguments);
+    return RUN_ALL_TESTS();
+}
