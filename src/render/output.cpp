@@ -6,7 +6,7 @@
 
 #include <QFileInfo>
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
@@ -30,17 +30,31 @@ QString withBmpSuffix(const QString& name) {
     return name.left(name.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".bmp");
 }
 
+// The part of [start, start + length) that lies in [0, limit). In 64 bits: margins may be anything.
+struct Stretch {
+    Stretch(int start, int length, int limit)
+        : first(qMax<qint64>(start, 0)),
+          end(qMin<qint64>(static_cast<qint64>(start) + length, limit)) {}
+
+    bool isEmpty() const { return end <= first; }
+
+    qint64 first;
+    qint64 end;
+};
+
 // Copies the dots as they are, alpha included, to (left, top), and cuts what lies outside. Not
 // through a painter, which reaches no further than 32,767 dots.
 void copyDots(const QImage& source, QImage& target, int left, int top) {
-    const QRect place = source.rect().translated(left, top) & target.rect();
-    const auto dotSize = static_cast<size_t>(target.depth() / 8);
-    for (int y = place.top(); y <= place.bottom(); ++y) {
-        const uchar* from = source.constScanLine(y - top);
-        uchar* to = target.scanLine(y);
-        std::memcpy(to + static_cast<size_t>(place.left()) * dotSize,
-                    from + static_cast<size_t>(place.left() - left) * dotSize,
-                    static_cast<size_t>(place.width()) * dotSize);
+    const Stretch columns(left, source.width(), target.width());
+    const Stretch rows(top, source.height(), target.height());
+    if (columns.isEmpty() || rows.isEmpty()) {
+        return;
+    }
+    for (qint64 y = rows.first; y < rows.end; ++y) {
+        const auto* from =
+            reinterpret_cast<const QRgb*>(source.constScanLine(static_cast<int>(y - top)));
+        auto* to = reinterpret_cast<QRgb*>(target.scanLine(static_cast<int>(y)));
+        std::copy(from + (columns.first - left), from + (columns.end - left), to + columns.first);
     }
 }
 

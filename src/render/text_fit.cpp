@@ -10,6 +10,13 @@ namespace {
 
 constexpr double ShrinkFactor = 0.95;
 
+// Longer than any text. A rectangle of such lengths has its far edges within 32 bits.
+constexpr int Endless = 1 << 29;
+
+int toRoom(double length) {
+    return qBound(-Endless, velnor::roundToDots(length), Endless);
+}
+
 } // namespace
 
 int VelnorImage::adaptFontSize(QPainter* painter, int flags, const QRectF& box, const QString& text,
@@ -17,8 +24,7 @@ int VelnorImage::adaptFontSize(QPainter* painter, int flags, const QRectF& box, 
     if (text.isEmpty()) {
         return 0;
     }
-    const QRect room(velnor::roundToDots(box.x()), velnor::roundToDots(box.y()),
-                     velnor::roundToDots(box.width()), velnor::roundToDots(box.height()));
+    const QRect room(toRoom(box.x()), toRoom(box.y()), toRoom(box.width()), toRoom(box.height()));
     const auto measure = [&] {
         return painter->fontMetrics().boundingRect(room, flags, text).size();
     };

@@ -142,12 +142,13 @@ CASE(characters_outside_latin1_are_question_marks) {
 
 CASE(files_that_are_no_fonts_are_not_listed) {
     startWithFolder();
-    const char* before = textOf("%s", xmlToImgAvailableFontList());
+    char* before = xmlToImgAvailableFontList();
     writeFile("fonts/a.ttf", "not a font");
     writeFile("fonts/b.ttf", "");
     void* handler = handlerWithFonts("fonts");
     char* after = xmlToImgAvailableFontList();
     CHECK_TEXT(before, after);
+    xmlToImgFreeFontList(before);
     xmlToImgFreeFontList(after);
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }

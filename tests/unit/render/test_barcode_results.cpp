@@ -11,6 +11,10 @@
 #include <QFileInfo>
 
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <thread>
 
 namespace {
 
@@ -136,6 +140,28 @@ TEST_F(BarcodeFile, IsNeverMadeBehindALinkToNothing) {
     EXPECT_EQ(createCode128(utf8()), 0);
     EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("elsewhere"))));
     expectSymbolAt(path());
+}
+
+// Somebody who watches plants the link again whenever it was removed.
+TEST_F(BarcodeFile, IsNeverWrittenThroughALinkPlantedAtTheLastMoment) {
+    constexpr int Attempts = 500;
+    const QString victim = folder.write(QStringLiteral("victim"), "precious");
+    const QByteArray victimPath = QFile::encodeName(victim);
+    const QByteArray linkPath = QFile::encodeName(path());
+    std::atomic<bool> planting{true};
+    std::thread planter([&] {
+        while (planting) {
+            static_cast<void>(symlink(victimPath.constData(), linkPath.constData()) == 0);
+        }
+    });
+    for (int i = 0; i < Attempts; ++i) {
+        createCode128(utf8());
+    }
+    planting = false;
+    planter.join();
+    QFile file(victim);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), "precious");
 }
 
 TEST_F(BarcodeFile, IsNotWaitedForWhereAPipeWasPlanted) {

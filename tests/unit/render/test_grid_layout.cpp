@@ -172,9 +172,13 @@ TEST_F(AutomaticEntry, WithoutAnItemListHasNoLength) {
 }
 
 TEST_F(AutomaticEntry, IsNotSizedByASpanningItem) {
-    auto& item = addMeasured(QRectF(0, 0, 60, 40), 5);
-    item.row = item.column = 0;
-    item.rowspan = item.columnspan = 2;
+    setRows(*canvas, {{AbsoluteLength, 9}, {AutoLength, 0}, {AbsoluteLength, 9}});
+    setColumns(*canvas, {{AbsoluteLength, 9}, {AutoLength, 0}, {AbsoluteLength, 9}});
+    auto& crossing = addMeasured(QRectF(0, 0, 60, 40), 5);
+    crossing.row = crossing.column = 0;
+    crossing.rowspan = crossing.columnspan = 3;
+    auto& starting = addMeasured(QRectF(0, 0, 60, 40), 5);
+    starting.rowspan = starting.columnspan = 2;
     EXPECT_EQ(rowSize(), 0);
     EXPECT_EQ(columnSize(), 0);
 }
