@@ -360,7 +360,7 @@ VELNORXMLTOIMG_API int xmlToImgGetPrinterSettings(void* handler, int* presentati
  * Tells whether a font family can be used, and whether it has bold and italic styles.
  *
  * handler: any handler, not null; nothing of it is used.
- * family:  UTF-8, ended by a zero byte; null is an empty name.
+ * family:  UTF-8, ended by a zero byte; null is an empty name, which stands for the default font.
  * bold:    receives 1 or 0. Where it or italic is null, the result is -1 and nothing is written.
  * italic:  receives 1 or 0.
  * Result:  0; -1 for a null handler, an unknown family (both integers are 0 then), or where no GUI

@@ -88,3 +88,36 @@ CASE(a_document_that_does_not_fit_into_memory_fails) {
     CHECK_INT(50, drawnWidth(handler));
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
+
+CASE(queries_of_a_document_that_does_not_fit_into_memory_fail) {
+    startLibrary();
+    const char* children = textOf(CANVAS_OF(50, 20) "<text>%s</text>", longText());
+    void* handler = xmlToImgCreateHandler(writeLayout("page.xml", children));
+    int settings[3] = {0, 0, 0};
+    limitMemory();
+    CHECK_INT(-1, xmlToImgCheckCorrect(handler, NULL, 0));
+    CHECK_INT(-1, xmlToImgGetPrinterSettings(handler, &settings[0], &settings[1], &settings[2]));
+    allowAllMemory();
+    CHECK_INT(0, xmlToImgCheckCorrect(handler, NULL, 0));
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}
+
+CASE(a_parameter_file_that_does_not_fit_into_memory_fails) {
+    startLibrary();
+    void* handler = xmlToImgCreateHandler(writeLayout("page.xml", CANVAS_OF(50, 20)));
+    const char* params =
+        writeFile("params.xml", textOf("<VelnorParams><VelnorParam id='canvas'><width>%s</width>"
+                                       "</VelnorParam></VelnorParams>",
+                                       longText()));
+    const unsigned short* wide = wideOf(params);
+    unsigned short list[8];
+    limitMemory();
+    CHECK_INT(-1, xmlToImgSetDictionaryFromParamFile(handler, params));
+    CHECK_INT(-1, xmlToImgSetDictionaryFromParamFileUnicode(handler, wide, UpToZero));
+    CHECK_INT(-1, xmlToImgGetDictionaryFromParamFile(handler, params, NULL, 0, NULL, 0));
+    CHECK_INT(-1,
+              xmlToImgGetDictionaryFromParamFileUnicode(handler, wide, UpToZero, list, list, 8));
+    allowAllMemory();
+    CHECK_INT(50, drawnWidth(handler));
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}

@@ -104,6 +104,12 @@ TEST_F(FontQueries, OfAFamilyOutsideLatin1) {
     EXPECT_EQ(propertyOf(family), (Property{0, 0, 0}));
 }
 
+// No style is listed for it, but the default font matches it exactly.
+TEST_F(FontQueries, OfAnEmptyFamilyAreThoseOfTheDefaultFont) {
+    EXPECT_EQ(answers(QString()), "");
+    EXPECT_EQ(propertyOf(QString()), (Property{0, 0, 0}));
+}
+
 TEST_F(FontQueries, WithoutADatabaseSayNo) {
     EXPECT_EQ(answers(nullptr, textFamily()), "");
 }
