@@ -10,13 +10,15 @@ QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
 
-// Stops the reader at the first element that lies too deep.
-class NestingHandler : public QXmlDefaultHandler {
+// Stops the reader at the first thing that lies beyond a limit.
+class LimitsHandler : public QXmlDefaultHandler {
 public:
+    // `references`: how often the document may refer to an entity, at most.
+    explicit LimitsHandler(qint64 references) : referenceCount(references) {}
+
     bool startElement(const QString&, const QString&, const QString&,
                       const QXmlAttributes&) override {
-        tooDeep = ++depth > velnor::MaximumNesting;
-        return !tooDeep;
+        return stay(++depth <= velnor::MaximumNesting);
     }
 
     bool endElement(const QString&, const QString&, const QString&) override {
@@ -24,27 +26,52 @@ public:
         return true;
     }
 
-    bool tooDeep = false;
+    bool internalEntityDecl(const QString&, const QString& value) override {
+        return stay(++entityCount <= velnor::MaximumEntities &&
+                    referenceCount * value.size() <= velnor::MaximumExpansion);
+    }
+
+    bool isBeyond() const { return beyond; }
 
 private:
+    bool stay(bool within) {
+        beyond = !within;
+        return within;
+    }
+
+    qint64 referenceCount;
     int depth = 0;
+    int entityCount = 0;
+    bool beyond = false;
 };
 
-// The tree is built by the same reader, so nothing that passes here can lie deeper there.
+int countAmpersands(const QString& text) {
+    return text.count(QLatin1Char('&'));
+}
+
+int countAmpersands(const QByteArray& bytes) {
+    return bytes.count('&');
+}
+
+// The tree is built by the same reader with the same features, so nothing that passes here can lie
+// beyond a limit there.
 template <typename Data>
-bool isNestedTooDeeply(const Data& data) {
+bool isBeyondLimits(const Data& data) {
     QXmlInputSource source;
     source.setData(data);
-    NestingHandler handler;
+    LimitsHandler handler(countAmpersands(data));
     QXmlSimpleReader reader;
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
     reader.setContentHandler(&handler);
+    reader.setDeclHandler(&handler);
     reader.parse(source);
-    return handler.tooDeep;
+    return handler.isBeyond();
 }
 
 template <typename Data>
 bool load(QDomDocument& document, const Data& data) {
-    return !isNestedTooDeeply(data) && document.setContent(data);
+    return !isBeyondLimits(data) && document.setContent(data);
 }
 
 } // namespace

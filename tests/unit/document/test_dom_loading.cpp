@@ -155,6 +155,22 @@ TEST(DomLoading, RefusesAnEntityBomb) {
     EXPECT_FALSE(loads(entityBomb(9)));
 }
 
+TEST(DomLoading, RefusesReferencesThatExpandTooFar) {
+    const QByteArray longEntity = entity("e", QByteArray(4000, 'x'));
+    EXPECT_TRUE(loads(withDoctype(longEntity, "<r>" + QByteArray("&e;").repeated(4000) + "</r>")));
+    EXPECT_FALSE(
+        loads(withDoctype(longEntity, "<r>" + QByteArray("&e;").repeated(50000) + "</r>")));
+}
+
+TEST(DomLoading, RefusesMoreThan256EntityDeclarations) {
+    QByteArray declarations;
+    for (int i = 0; i < velnor::MaximumEntities; ++i) {
+        declarations += entity("e" + QByteArray::number(i), "v");
+    }
+    EXPECT_TRUE(loads(withDoctype(declarations, "<r/>")));
+    EXPECT_FALSE(loads(withDoctype(declarations + entity("oneMore", "v"), "<r/>")));
+}
+
 TEST(DomLoading, DoesNotReadExternalEntities) {
     const ScratchFolder folder;
     const QByteArray secret = folder.write(QStringLiteral("secret.txt"), "SECRET").toUtf8();
