@@ -1,8 +1,7 @@
 // Filling an item's box with a symbol as far as whole module multiples allow.
 #include "document/dots.h"
+#include "render/picture_file.h"
 #include "render/velnorbarcode.h"
-
-#include <QImage>
 
 #include <algorithm>
 
@@ -63,7 +62,7 @@ int VelnorBarcode::CreateBarcode(int type, int hrt, const char* data, int inputm
     if (smallestResult != 0 || (width < 1 && height < 1)) {
         return smallestResult;
     }
-    const QSize smallest = QImage(QString::fromUtf8(file)).size();
+    const QSize smallest = velnor::loadPicture(QString::fromUtf8(file)).size();
     if (smallest.isEmpty()) {
         return -1;
     }

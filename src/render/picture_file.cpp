@@ -17,7 +17,10 @@ QImage velnor::loadPicture(const QString& path) {
     if (static_cast<qint64>(size.width()) * size.height() > MaximumPictureDots) {
         return {};
     }
-    return reader.read();
+    QImage picture = reader.read();
+    // Qt takes "@2x" in a file's name for a picture of half as many dots.
+    picture.setDevicePixelRatio(1.0);
+    return picture;
 }
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
