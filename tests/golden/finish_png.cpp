@@ -3,12 +3,12 @@
 
 namespace golden {
 
-QString finish(const QString& png) {
-    return png;
+QString finish(const QString& picture) {
+    return picture;
 }
 
 bool isMine(const GoldenCase& golden) {
-    return golden.picture.endsWith(QLatin1String(".png"));
+    return !golden.picture.endsWith(QLatin1String(".bmp"));
 }
 
 } // namespace golden

@@ -11,10 +11,12 @@ struct GoldenCase {
 
     QString acceptCommand() const;
 
-    QString name; // <subject>.<case>
-    QString root; // the folder that holds cases/, images/ and versions.txt
+    QString name;   // <subject>.<case>
+    QString output; // the file name that the library is asked to write
+    QString root;   // the folder that holds cases/, images/ and versions.txt
     QString document;
-    QString picture; // of a case called <name>.bmp a dithered BMP file, of every other one a PNG
+    QString picture; // a case called <name>.bmp has a dithered BMP file; <name>.BMP, .ppm and
+                     // .xpm have what these suffixes give, and every other one has a PNG
     // Need not exist. One setting a line, applied in their order: name=value for a placeholder,
     // object.property=value, @object.link=value, params=FILE for a parameter file beside it. Empty
     // lines and lines that begin with # are passed over.

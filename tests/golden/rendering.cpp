@@ -56,7 +56,7 @@ void applyTags(void* handler, const GoldenCase& golden) {
 } // namespace
 
 QString render(const GoldenCase& golden, const QString& folder) {
-    const QString output = folder + QLatin1Char('/') + golden.name + QLatin1String(".png");
+    const QString output = folder + QLatin1Char('/') + golden.output;
     QFile::remove(output); // an old picture must not pass for the new one
     const Handler handler(xmlToImgCreateHandlerWithDirs(
         golden.document.toUtf8().constData(), golden.images.toUtf8().constData(), GOLDEN_FONTS));

@@ -22,7 +22,7 @@ check_files() {
         *.params.xml) grep -qsF "=${file##*/}" "${file%/*}"/*.tags || complain "$file is not used" ;;
         *.xml) ;;
         *.png | *.tags | *.data) [ -f "${file%.*}.xml" ] || complain "$file has no document" ;;
-        *.bmp) [ -f "$file.xml" ] || complain "$file has no document" ;;
+        *.bmp | *.BMP | *.ppm | *.xpm) [ -f "$file.xml" ] || complain "$file has no document" ;;
         *) complain "$file belongs to no case" ;;
         esac
     done
