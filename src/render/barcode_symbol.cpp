@@ -1,4 +1,5 @@
 // One encoding: a zint symbol is set up, encoded and written as a picture.
+#include "document/codes.h"
 #include "render/limits.h"
 #include "render/picture_file.h"
 #include "render/velnorbarcode.h"
@@ -14,7 +15,6 @@
 namespace {
 
 constexpr int Refused = -1;
-constexpr int OptionNotGiven = 0x5A5A5A5A;
 constexpr int InputModes = 5;
 
 struct SymbolDeleter {
@@ -23,7 +23,7 @@ struct SymbolDeleter {
 using SymbolPointer = std::unique_ptr<zint_symbol, SymbolDeleter>;
 
 void setOption(int& option, int value) {
-    if (value != OptionNotGiven) {
+    if (value != velnor::BarcodeOptionNotGiven) {
         option = value;
     }
 }

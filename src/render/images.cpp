@@ -45,8 +45,8 @@ void VelnorImage::FixImageScaling(QImage* image, int scalex, int scaley, int wid
     } else if (width >= 1) {
         *factorX = *factorY = static_cast<double>(width) / image->width();
     } else {
-        *factorX = scalex < 1 ? 1.0 : scalex / 100.0;
-        *factorY = scaley < 1 ? 1.0 : scaley / 100.0;
+        *factorX = factorFromPercent(scalex);
+        *factorY = factorFromPercent(scaley);
     }
 }
 

@@ -1,4 +1,5 @@
 // Texts in black, in one of three layouts.
+#include "document/codes.h"
 #include "document/dots.h"
 #include "render/gui_application.h"
 #include "render/surface_painter.h"
@@ -6,7 +7,6 @@
 
 namespace {
 
-constexpr int NotGiven = -1;
 constexpr double SurfaceDpi = 96.0;
 constexpr int HorizontalAlignmentBits = 0x0f;
 constexpr int VerticalAlignmentBits = Qt::AlignTop | Qt::AlignBottom | Qt::AlignVCenter;
@@ -48,10 +48,10 @@ QRectF drawRectangleBounded(QPainter& painter, const TextLayout& layout) {
 }
 
 QRectF drawInLayout(QPainter& painter, const TextLayout& layout) {
-    if (layout.box.width() == NotGiven) {
+    if (layout.box.width() == velnor::NotGiven) {
         return drawUnbounded(painter, layout);
     }
-    if (layout.box.height() == NotGiven) {
+    if (layout.box.height() == velnor::NotGiven) {
         return drawLineBounded(painter, layout);
     }
     return drawRectangleBounded(painter, layout);

@@ -5,10 +5,6 @@ namespace {
 
 constexpr int FullTurn = 360;
 
-double factorFromPercent(int percent) {
-    return percent < 1 ? 1.0 : percent / 100.0;
-}
-
 } // namespace
 
 QTransform VelnorImage::TransformScaleRotate(int centreX, int centreY, double factorX,
@@ -26,6 +22,10 @@ QTransform VelnorImage::TransformScaleRotate(int centreX, int centreY, int perce
                                              int rotation) {
     return TransformScaleRotate(centreX, centreY, factorFromPercent(percentX),
                                 factorFromPercent(percentY), rotation);
+}
+
+double VelnorImage::factorFromPercent(int percent) {
+    return percent < 1 ? 1.0 : percent / 100.0;
 }
 
 QTransform VelnorImage::rotationAbout(int x, int y, int rotation) {

@@ -107,6 +107,7 @@ private:
     void recordCoverage(const QRectF& box, const QTransform& transform);
 
     // render/transform.cpp
+    static double factorFromPercent(int percent);
     static QTransform rotationAbout(int x, int y, int rotation);
 
     // render/output.cpp
