@@ -1,8 +1,9 @@
-// What every exported function has in common: no exception leaves it, a null handler is refused,
-// and results are folded to 0 and -1.
+// What every exported function has in common: the host's thread keeps its own state, no exception
+// leaves the call, a null handler is refused, and results are folded to 0 and -1.
 #ifndef VELNOR_API_CALL_GUARD_H
 #define VELNOR_API_CALL_GUARD_H
 
+#include "api/host_state.h"
 #include "api/host_thread.h"
 #include "handler/velnorxml.h"
 
@@ -14,6 +15,7 @@ constexpr int Failure = -1;
 // The result of `work`, or the failure value when memory runs out or anything else is thrown.
 template <typename Result, typename Work>
 Result guarded(Result failure, Work work) noexcept {
+    const HostState state;
     try {
         return work();
     } catch (...) {

@@ -1,5 +1,7 @@
 #include "api/event_dispatcher.h"
 
+#include "files/descriptors.h"
+
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
@@ -39,7 +41,8 @@ int earlier(int left, int right) {
 namespace velnor {
 
 EventDispatcher::EventDispatcher(QObject* parent)
-    : QAbstractEventDispatcher(parent), wakeUpFile(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+    : QAbstractEventDispatcher(parent),
+      wakeUpFile(awayFromStandardStreams(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))) {}
 
 EventDispatcher::~EventDispatcher() {
     if (wakeUpFile >= 0) {

@@ -2,6 +2,8 @@
 #ifndef VELNOR_API_HOST_THREAD_H
 #define VELNOR_API_HOST_THREAD_H
 
+#include "render/gui_application.h"
+
 namespace velnor {
 
 // Gives the thread an event dispatcher of ours, where it has none. Qt's own would take over the
@@ -17,6 +19,9 @@ public:
     ~HostThread();
     HostThread(const HostThread&) = delete;
     HostThread& operator=(const HostThread&) = delete;
+
+private:
+    GuiApplicationAnswer application; // asked before the thread gets its dispatcher
 };
 
 } // namespace velnor

@@ -4,6 +4,7 @@
 #include "api/host_thread.h"
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
+#include "render/gui_application.h"
 
 #include <QGuiApplication>
 #include <QTextCodec>
@@ -58,11 +59,19 @@ std::unique_ptr<QGuiApplication> makeApplication() {
 }
 
 void runOwnApplication() {
-    velnor::ensureThreadHasDispatcher();
-    const auto application = makeApplication();
+    std::unique_ptr<QGuiApplication> application;
+    {
+        const velnor::GuiApplicationNotReady making;
+        // Still 1 where an earlier application has ended.
+        qtStarted = 0;
+        velnor::ensureThreadHasDispatcher();
+        application = makeApplication();
+    }
     VelnorQtStartedAsNonGuiApp = 1;
     qtStarted = 1;
     QCoreApplication::exec();
+    const velnor::GuiApplicationNotReady unmaking;
+    application.reset();
 }
 
 } // namespace

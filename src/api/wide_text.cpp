@@ -1,6 +1,7 @@
 #include "api/wide_text.h"
 
 #include "handler/velnorxml.h"
+#include "library_limits.h"
 
 #include <QString>
 
@@ -11,9 +12,8 @@ QByteArray velnor::utf8FromWide(const unsigned short* text, int length) {
 }
 
 QByteArray velnor::scratchFor(int size) {
-    // A size near 2^31 must not become an allocation of 4 GiB; no value is as long as this.
-    constexpr qint64 Enough = 64LL * 1024 * 1024;
-    return QByteArray(static_cast<int>(std::min(static_cast<qint64>(size) * 2, Enough)), '\0');
+    return QByteArray(static_cast<int>(std::min(static_cast<qint64>(size) * 2, MaximumWideScratch)),
+                      '\0');
 }
 
 void VelnorXml::FromtUtf8ToUtf16Buffer(const char* source, unsigned short* destination, int n) {

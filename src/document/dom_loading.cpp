@@ -1,5 +1,7 @@
 #include "document/dom_loading.h"
 
+#include "library_limits.h"
+
 #include <QDomDocument>
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
@@ -17,8 +19,8 @@ public:
     explicit LimitsHandler(qint64 references) : referenceCount(references) {}
 
     bool startElement(const QString&, const QString&, const QString&,
-                      const QXmlAttributes&) override {
-        return stay(++depth <= velnor::MaximumNesting);
+                      const QXmlAttributes& attributes) override {
+        return stay(++depth <= velnor::MaximumNesting) && addNodes(1 + attributes.count());
     }
 
     bool endElement(const QString&, const QString&, const QString&) override {
@@ -26,14 +28,37 @@ public:
         return true;
     }
 
-    bool internalEntityDecl(const QString&, const QString& value) override {
-        return stay(++entityCount <= velnor::MaximumEntities &&
-                    referenceCount * value.size() <= velnor::MaximumExpansion);
+    bool processingInstruction(const QString&, const QString&) override { return addNodes(1); }
+    bool comment(const QString&) override { return addNodes(1); }
+    bool startCDATA() override { return addNodes(1); }
+    bool skippedEntity(const QString&) override { return addNodes(1); }
+    bool notationDecl(const QString&, const QString&, const QString&) override {
+        return addNodes(1);
+    }
+
+    bool internalEntityDecl(const QString& name, const QString& value) override {
+        // A parameter entity could hide any depth of a content model.
+        return stay(!name.startsWith(QLatin1Char('%'))) && addEntity() &&
+               stay(referenceCount * value.size() <= velnor::MaximumExpansion);
+    }
+    bool externalEntityDecl(const QString&, const QString&, const QString&) override {
+        return addEntity();
+    }
+    bool unparsedEntityDecl(const QString&, const QString&, const QString&,
+                            const QString&) override {
+        return addEntity();
     }
 
     bool isBeyond() const { return beyond; }
 
 private:
+    bool addEntity() { return stay(++entityCount <= velnor::MaximumEntities); }
+
+    bool addNodes(int count) {
+        nodeCount += count;
+        return stay(nodeCount <= velnor::MaximumNodes);
+    }
+
     bool stay(bool within) {
         beyond = !within;
         return within;
@@ -41,45 +66,60 @@ private:
 
     qint64 referenceCount;
     int depth = 0;
+    int nodeCount = 0;
     int entityCount = 0;
     bool beyond = false;
 };
 
-int countAmpersands(const QString& text) {
-    return text.count(QLatin1Char('&'));
-}
-
-int countAmpersands(const QByteArray& bytes) {
-    return bytes.count('&');
+// Whether the parentheses of a content model are nested too deeply for the reader, which reads them
+// recursively and tells of no declaration before its end.
+bool contentModelsAreTooDeep(const QString& text) {
+    const QString declaration = QStringLiteral("<!ELEMENT");
+    int from = text.indexOf(declaration);
+    while (from >= 0) {
+        int depth = 0;
+        const int next = text.indexOf(declaration, from + declaration.size());
+        const int end = next < 0 ? text.size() : next;
+        for (int i = from; i < end && text[i] != QLatin1Char('>'); ++i) {
+            depth += text[i] == QLatin1Char('(') ? 1 : 0;
+            depth -= text[i] == QLatin1Char(')') ? 1 : 0;
+            if (depth > velnor::MaximumNesting) {
+                return true;
+            }
+        }
+        from = next;
+    }
+    return false;
 }
 
 // The tree is built by the same reader with the same features, so nothing that passes here can lie
 // beyond a limit there.
-template <typename Data>
-bool isBeyondLimits(const Data& data) {
+bool isBeyondLimits(const QString& text) {
+    if (text.size() > velnor::MaximumDocumentSize || contentModelsAreTooDeep(text)) {
+        return true;
+    }
     QXmlInputSource source;
-    source.setData(data);
-    LimitsHandler handler(countAmpersands(data));
+    source.setData(text);
+    LimitsHandler handler(text.count(QLatin1Char('&')));
     QXmlSimpleReader reader;
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
     reader.setContentHandler(&handler);
+    reader.setDTDHandler(&handler);
+    reader.setLexicalHandler(&handler);
     reader.setDeclHandler(&handler);
     reader.parse(source);
     return handler.isBeyond();
 }
 
-template <typename Data>
-bool load(QDomDocument& document, const Data& data) {
-    return !isBeyondLimits(data) && document.setContent(data);
-}
-
 } // namespace
 
 bool velnor::loadXml(QDomDocument& document, const QString& text) {
-    return load(document, text);
+    return !isBeyondLimits(text) && document.setContent(text);
 }
 
 bool velnor::loadXml(QDomDocument& document, const QByteArray& bytes) {
-    return load(document, bytes);
+    QXmlInputSource source;
+    source.setData(bytes);
+    return loadXml(document, source.data());
 }

@@ -5,6 +5,7 @@
 #include "document/elements.h"
 #include "document/item_fields.h"
 #include "handler/velnorxml.h"
+#include "library_limits.h"
 
 #include <QDomDocument>
 
@@ -65,12 +66,15 @@ velnor::ElementPointer readItem(const QDomElement& element, const VelnorDrawable
     return item;
 }
 
-std::unique_ptr<velnor::ElementList> readItems(const QDomElement& itemList,
+// All levels: an item inside another item is an item of its own.
+QDomNodeList itemElements(const QDomElement& itemList) {
+    return itemList.elementsByTagName(QStringLiteral("VelnorItem"));
+}
+
+std::unique_ptr<velnor::ElementList> readItems(const QDomNodeList& elements,
                                                const VelnorDrawableCanvas& canvas,
                                                const VelnorXml& handler) {
     auto items = std::make_unique<velnor::ElementList>();
-    // All levels: an item inside another item is an item of its own.
-    const QDomNodeList elements = itemList.elementsByTagName(QStringLiteral("VelnorItem"));
     for (int i = 0; i < elements.size(); ++i) {
         if (auto item = readItem(elements.at(i).toElement(), canvas, handler)) {
             items->push_back(std::move(item));
@@ -98,8 +102,12 @@ int VelnorXml::Parse(VelnorDrawableCanvas** out) {
     if (!velnor::isCanvas(itemList)) {
         return 0;
     }
+    const QDomNodeList elements = itemElements(itemList);
+    if (elements.size() > velnor::MaximumItems) {
+        return 1;
+    }
     auto canvas = readCanvas(itemList);
-    canvas->items = readItems(itemList, *canvas, *this);
+    canvas->items = readItems(elements, *canvas, *this);
     canvas->PrintInfo();
     *out = canvas.release();
     return 0;

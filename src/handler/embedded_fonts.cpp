@@ -1,5 +1,7 @@
 // The font files that handlers register with the font database of the process.
+#include "files/input_file.h"
 #include "handler/velnorxml.h"
+#include "library_limits.h"
 #include "render/gui_application.h"
 
 #include <QDir>
@@ -13,9 +15,6 @@ bool VelnorXml::embeddedFontKeepFlag = false;
 QList<FontItem*>* VelnorXml::embeddedFontIdList = nullptr;
 
 namespace {
-
-// No font is as large; what lies in the folder beside the fonts may be.
-constexpr qint64 MaximumFontFileSize = 128LL * 1024 * 1024;
 
 // Marks the record of a font file that is registered already. False when there is none.
 bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
@@ -33,8 +32,8 @@ bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
 // From memory: Qt would map the file, and a file that is replaced or cut short later would end the
 // host's process.
 void registerFont(QList<FontItem*>& fonts, const QFileInfo& info, int size) {
-    QFile file(info.filePath());
-    if (info.size() > MaximumFontFileSize || !file.open(QIODevice::ReadOnly)) {
+    velnor::InputFile file(info.filePath());
+    if (!file.openUpTo(velnor::MaximumFontFileSize)) {
         return;
     }
     const int id = QFontDatabase::addApplicationFontFromData(file.readAll());

@@ -1,10 +1,11 @@
 // One encoding: a zint symbol is set up, encoded and written as a picture.
 #include "document/codes.h"
-#include "render/limits.h"
+#include "files/output_file.h"
+#include "library_limits.h"
+#include "render/drawable_symbol.h"
 #include "render/picture_file.h"
 #include "render/velnorbarcode.h"
 
-#include <QFile>
 #include <QImage>
 
 #include <zint.h>
@@ -42,14 +43,6 @@ bool isComplete(int encodingResult) {
            encodingResult == ZINT_WARN_NONCOMPLIANT;
 }
 
-// Known before zint allocates the picture, up to quiet zones and text.
-bool isOfPictureSize(const zint_symbol& symbol) {
-    const double dotsPerModule =
-        (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
-    const double dots = symbol.width * dotsPerModule * symbol.height * dotsPerModule;
-    return dots <= static_cast<double>(velnor::MaximumPictureDots);
-}
-
 // One bit a dot, as such a symbol's own file has it: rotated by odd angles, a picture of another
 // depth gets other dots. Ultracode is the one symbology with colours.
 QImage toPicture(const zint_symbol& symbol) {
@@ -60,14 +53,6 @@ QImage toPicture(const zint_symbol& symbol) {
                                 Qt::MonoOnly | Qt::ThresholdDither);
 }
 
-// The name can be foretold, so the file is always a new one: a file or link that somebody else
-// puts there is never written to.
-bool writeNewFile(const QString& name, const QImage& picture) {
-    QFile::remove(name);
-    return velnor::writePictureFile(name, velnor::encodePicture(picture, "png"),
-                                    QIODevice::WriteOnly | QIODevice::NewOnly);
-}
-
 } // namespace
 
 int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int inputmode,
@@ -75,7 +60,8 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
                                      const char* file, int* doubledWidth, int* doubledHeight,
                                      int barHeight, float scale) {
     const SymbolPointer symbol(ZBarcode_Create());
-    if (!symbol) {
+    const size_t length = data == nullptr ? 0 : std::strlen(data);
+    if (!symbol || length > velnor::MaximumBarcodeData) {
         return Refused;
     }
     symbol->symbology = type;
@@ -92,12 +78,12 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
     setOption(symbol->option_3, option3);
     setPrimary(*symbol, primary);
 
-    const int encoded =
-        escape_char_process(symbol.get(), reinterpret_cast<const unsigned char*>(data),
-                            data == nullptr ? 0 : static_cast<int>(std::strlen(data)));
-    if (!isComplete(encoded) || !isOfPictureSize(*symbol) ||
+    const int encoded = escape_char_process(
+        symbol.get(), reinterpret_cast<const unsigned char*>(data), static_cast<int>(length));
+    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) ||
         ZBarcode_Buffer(symbol.get(), 0) != 0 ||
-        !writeNewFile(QString::fromUtf8(file), toPicture(*symbol))) {
+        !velnor::writeNewFile(QString::fromUtf8(file),
+                              velnor::encodePicture(toPicture(*symbol), "png"))) {
         return Refused;
     }
     *doubledWidth = symbol->width * 2;

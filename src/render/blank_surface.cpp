@@ -1,6 +1,6 @@
 #include "render/blank_surface.h"
 
-#include "render/limits.h"
+#include "library_limits.h"
 
 bool velnor::isSurfaceSize(int width, int height) {
     return width > 0 && height > 0 && static_cast<qint64>(width) * height <= MaximumSurfaceDots;

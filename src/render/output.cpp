@@ -1,5 +1,6 @@
 // From the surface to the file: crop, margins, resolution, format.
 #include "document/dots.h"
+#include "files/output_file.h"
 #include "render/blank_surface.h"
 #include "render/picture_file.h"
 #include "render/velnorimage.h"
@@ -62,7 +63,7 @@ void copyDots(const QImage& source, QImage& target, int left, int top) {
 int write(const QImage& picture, const QString& name) {
     const QByteArray format = QFileInfo(name).suffix().toLatin1();
     const QByteArray bytes = velnor::encodePicture(picture, format);
-    return velnor::writePictureFile(name, bytes, QIODevice::WriteOnly) ? Written : NotWritten;
+    return velnor::writeOutputFile(name, bytes) ? Written : NotWritten;
 }
 
 } // namespace

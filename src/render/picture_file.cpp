@@ -1,18 +1,67 @@
 #include "render/picture_file.h"
 
-#include "render/limits.h"
+#include "files/input_file.h"
+#include "library_limits.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QImageWriter>
 
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// Qt converts larger pictures on threads that it starts and that stay in the host's process.
+constexpr qsizetype ConvertedAtOnce = 64LL * 1024; // bytes
+
+// As QImage::convertToFormat, a few rows after the other.
+QImage convertByRows(const QImage& picture, QImage::Format format) {
+    QImage converted(picture.size(), format);
+    converted.setDotsPerMeterX(picture.dotsPerMeterX());
+    converted.setDotsPerMeterY(picture.dotsPerMeterY());
+    const auto step =
+        static_cast<int>(qMax<qsizetype>(ConvertedAtOnce / picture.bytesPerLine(), 1));
+    for (int y = 0; y < converted.height(); y += step) {
+        const int rows = qMin(step, picture.height() - y);
+        const QImage strip(picture.constScanLine(y), picture.width(), rows, picture.bytesPerLine(),
+                           picture.format());
+        const QImage part = strip.convertToFormat(format);
+        std::copy_n(part.constBits(), part.sizeInBytes(), converted.scanLine(y));
+    }
+    return converted;
+}
+
+struct WrittenFormat {
+    const char* name;
+    QImage::Format dots;
+};
+
+// What the writers of these formats convert a picture to as a whole. Others go by rows themselves.
+constexpr WrittenFormat WrittenFormats[] = {
+    {"bmp", QImage::Format_ARGB32},     {"pbm", QImage::Format_ARGB32},
+    {"pgm", QImage::Format_Grayscale8}, {"ppm", QImage::Format_ARGB32},
+    {"xbm", QImage::Format_ARGB32},     {"xpm", QImage::Format_ARGB32},
+};
+
+QImage asWriterTakesIt(const QImage& picture, const QByteArray& format) {
+    const QByteArray name = format.toLower();
+    const auto* found =
+        std::find_if(std::begin(WrittenFormats), std::end(WrittenFormats),
+                     [&name](const WrittenFormat& row) { return name == row.name; });
+    const bool asItIs = found == std::end(WrittenFormats) ||
+                        picture.format() != QImage::Format_ARGB32_Premultiplied;
+    return asItIs ? picture : convertByRows(picture, found->dots);
+}
+
+} // namespace
+
 QImage velnor::loadPicture(const QString& path) {
-    if (!QFileInfo(path).isFile()) {
+    InputFile file(path);
+    if (!file.openUpTo(MaximumPictureFileSize)) {
         return {};
     }
-    QImageReader reader(path);
+    QImageReader reader(&file);
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > MaximumPictureDots) {
         return {};
@@ -27,24 +76,8 @@ QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) ||
-        !QImageWriter(&buffer, format).write(picture)) {
+        !QImageWriter(&buffer, format).write(asWriterTakesIt(picture, format))) {
         return {};
     }
     return bytes;
-}
-
-bool velnor::writePictureFile(const QString& path, const QByteArray& bytes,
-                              QIODevice::OpenMode mode) {
-    QFile file(path);
-    if (bytes.isEmpty() || path.isEmpty() || !file.open(mode)) {
-        return false;
-    }
-    if (file.write(bytes) == bytes.size() && file.flush()) {
-        return true;
-    }
-    // A device or a pipe stays.
-    if (QFileInfo(path).isFile()) {
-        file.remove();
-    }
-    return false;
 }

@@ -1,6 +1,7 @@
 // Texts in black, in one of three layouts.
 #include "document/codes.h"
 #include "document/dots.h"
+#include "library_limits.h"
 #include "render/gui_application.h"
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
@@ -95,7 +96,8 @@ int VelnorImage::DrawOverlayRectBoundedText(const QString& text, int x, int y, i
 
 int VelnorImage::DrawOverlayTextGeneric(const QString& text, int x, int y, int rotation, int width,
                                         int height, int flags) {
-    if (!canBeDrawnOn() || !font || !velnor::guiApplicationExists()) {
+    if (!canBeDrawnOn() || !font || !velnor::guiApplicationExists() ||
+        text.size() > velnor::MaximumTextLength) {
         return -1;
     }
     const QTransform transform = rotationAbout(x, y, rotation);

@@ -1,6 +1,6 @@
 // Shrinking a text until it fits its box.
 #include "document/dots.h"
-#include "render/limits.h"
+#include "library_limits.h"
 #include "render/velnorimage.h"
 
 #include <QFontMetrics>

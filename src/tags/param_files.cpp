@@ -1,9 +1,10 @@
 // Parameter files: values for a layout's object links, applied to a handler or listed.
 #include "document/dom_loading.h"
+#include "files/input_file.h"
 #include "handler/velnorxml.h"
+#include "library_limits.h"
 
 #include <QDomDocument>
-#include <QFile>
 
 #include <cstring>
 
@@ -12,8 +13,8 @@ namespace {
 const QChar RecordSeparator(0x1E);
 
 bool loadParams(const char* file, QDomDocument& document) {
-    QFile device(QString::fromUtf8(file));
-    return !device.fileName().isEmpty() && device.open(QIODevice::ReadOnly) &&
+    velnor::InputFile device(QString::fromUtf8(file));
+    return device.openUpTo(velnor::MaximumDocumentSize) &&
            velnor::loadXml(document, device.readAll()) &&
            document.documentElement().tagName() == QLatin1String("VelnorParams");
 }
@@ -30,6 +31,14 @@ void visitPairs(const QDomElement& entry, Visitor visit) {
         const QDomElement element = child.toElement();
         visit(id + QLatin1Char('.') + element.tagName(), element.text());
     }
+}
+
+int countValues(const QDomNodeList& entries) {
+    int count = 0;
+    for (int i = 0; i < entries.size(); ++i) {
+        visitPairs(entries.at(i).toElement(), [&](const QString&, const QString&) { ++count; });
+    }
+    return count;
 }
 
 // As strncpy; a size of 0 or less writes nothing. Tells whether the text filled the buffer.
@@ -50,7 +59,7 @@ int VelnorXml::ParseParamsApplyTagGeneric(const char* file, QList<DictionaryItem
     }
     const QDomNodeList entries =
         document.documentElement().elementsByTagName(QStringLiteral("VelnorParam"));
-    if (entries.isEmpty()) {
+    if (entries.isEmpty() || countValues(entries) > velnor::MaximumParameters) {
         return 1;
     }
     for (int i = 0; i < entries.size(); ++i) {

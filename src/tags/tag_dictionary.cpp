@@ -1,7 +1,8 @@
 // Placeholders that are replaced in the document's text before it is parsed.
+#include "files/input_file.h"
 #include "handler/velnorxml.h"
+#include "library_limits.h"
 
-#include <QFile>
 #include <QTextStream>
 
 void VelnorXml::SetTagDictionary(const char* key, const char* value) {
@@ -20,10 +21,23 @@ int VelnorXml::ClearAllDictionary() {
     return 0;
 }
 
+namespace {
+
+// Asked before the replacement takes the memory. The first estimate needs no search.
+bool growsBeyondDocument(const QString& line, const DictionaryItem& item) {
+    const auto sizeWith = [&](qint64 places) {
+        return line.size() + places * (item.value.size() - item.key.size());
+    };
+    return sizeWith(line.size() / item.key.size()) > velnor::MaximumDocumentSize &&
+           sizeWith(line.count(item.key, Qt::CaseSensitive)) > velnor::MaximumDocumentSize;
+}
+
+} // namespace
+
 QString VelnorXml::ReadXmlApplyTags() const {
     QString result;
-    QFile file(documentPath);
-    if (documentPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    velnor::InputFile file(documentPath);
+    if (!file.openUpTo(velnor::MaximumDocumentSize, QIODevice::ReadOnly | QIODevice::Text)) {
         return result;
     }
     QTextStream stream(&file);
@@ -31,7 +45,13 @@ QString VelnorXml::ReadXmlApplyTags() const {
     while (!stream.atEnd()) {
         QString line = stream.readLine();
         for (const DictionaryItem& item : tagDictionary) {
+            if (growsBeyondDocument(line, item)) {
+                return {};
+            }
             line.replace(item.key, item.value, Qt::CaseSensitive);
+        }
+        if (result.size() + line.size() >= velnor::MaximumDocumentSize) {
+            return {};
         }
         result += line;
         result += QLatin1Char('\n');

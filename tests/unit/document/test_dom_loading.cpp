@@ -1,5 +1,6 @@
 #include "document/dom_loading.h"
 
+#include "library_limits.h"
 #include "support/layouts.h"
 #include "support/printing.h"
 #include "support/rows.h"

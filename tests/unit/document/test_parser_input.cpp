@@ -1,4 +1,5 @@
 // What the parser makes of the text that reaches it: substitution first, then hostile documents.
+#include "library_limits.h"
 #include "support/layouts.h"
 #include "support/printing.h"
 
@@ -226,4 +227,17 @@ TEST(ParserInput, TakesThousandsOfRowsAndItems) {
     ASSERT_EQ(canvas->items->size(), 5000U);
     EXPECT_EQ(canvas->items->back()->row, 4999);
     EXPECT_EQ(canvas->rows[4999].offset, 9998);
+}
+
+TEST(ParserInput, MayHoldSoManyItemsAndNoMore) {
+    const QByteArray item = "<VelnorItem class='x'/>";
+    EXPECT_EQ(Layout(canvasDocument(item.repeated(velnor::MaximumItems))).parseResult(), 0);
+    EXPECT_EQ(Layout(canvasDocument(item.repeated(velnor::MaximumItems + 1))).parseResult(), 1);
+}
+
+TEST(ParserInput, OfATooLargeFileFails) {
+    const QByteArray document = canvasDocument({});
+    const int room = velnor::MaximumDocumentSize - document.size() - 1;
+    EXPECT_EQ(Layout(document + QByteArray(room, ' ')).parseResult(), 0);
+    EXPECT_EQ(Layout(document + QByteArray(room + 2, ' ')).parseResult(), 1);
 }

@@ -1,4 +1,5 @@
 #include "document/codes.h"
+#include "library_limits.h"
 #include "render/velnorbarcode.h"
 #include "support/peak_memory.h"
 #include "support/qt_messages.h"
@@ -81,6 +82,60 @@ INSTANTIATE_TEST_SUITE_P(
                            "FADTFADTFADTFADTFADTFADTFADTFADT",
                            6300,
                            400000}),
+    RuleAsName());
+
+TEST_F(HostileBarcode, OfMoreDataThanAnySymbolHoldsIsRefused) {
+    const QByteArray data(velnor::MaximumBarcodeData + 1, '0');
+    EXPECT_EQ(create(BARCODE_QRCODE, data, UNICODE_MODE, {}, NoOption, NotGivenBox, NotGivenBox),
+              -1);
+    EXPECT_FALSE(pictureExists());
+}
+
+struct AddOnRow : Row {
+    int type;
+    QByteArray data;
+    QByteArray primary;
+    int lowestBars; // modules
+};
+
+class AddOn : public HostileBarcode, public testing::WithParamInterface<AddOnRow> {
+protected:
+    int createWithBars(int height, int showText) {
+        int width = 0;
+        int doubledHeight = 0;
+        return VelnorBarcode().CreateBaseBarcode(
+            GetParam().type, showText, GetParam().data.constData(), UNICODE_MODE,
+            GetParam().primary.constData(), NoOption, NoOption, NoOption, file.toUtf8().constData(),
+            &width, &doubledHeight, height, 0.5F);
+    }
+};
+
+// zint would draw the bars of the add-on outside its picture.
+TEST_P(AddOn, IsRefusedWithBarsThatEndAboveIt) {
+    for (const int showText : {0, 1}) {
+        for (int height = 1; height < GetParam().lowestBars; ++height) {
+            EXPECT_EQ(createWithBars(height, showText), -1) << height;
+        }
+        EXPECT_FALSE(pictureExists());
+        EXPECT_EQ(createWithBars(GetParam().lowestBars, showText), 0);
+        EXPECT_TRUE(pictureExists());
+        QFile::remove(file);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    BarcodeHostile, AddOn,
+    testing::Values(AddOnRow{{"Ean13"}, BARCODE_EANX, "9780877799306+54321", "", 8},
+                    AddOnRow{{"Ean8"}, BARCODE_EANX, "1234567+12", "", 8},
+                    AddOnRow{{"CheckedEan"}, BARCODE_EANX_CHK, "9780877799306+12", "", 8},
+                    AddOnRow{{"UpcA"}, BARCODE_UPCA, "72527270270+12", "", 8},
+                    AddOnRow{{"CheckedUpcA"}, BARCODE_UPCA_CHK, "725272702703+12", "", 8},
+                    AddOnRow{{"UpcE"}, BARCODE_UPCE, "1123456+12", "", 8},
+                    AddOnRow{{"CheckedUpcE"}, BARCODE_UPCE_CHK, "11234562+12", "", 8},
+                    AddOnRow{{"Isbn"}, BARCODE_ISBNX, "9789295055124+12", "", 8},
+                    AddOnRow{{"CompositeEan"}, BARCODE_EANX_CC, "[21]A", "331234567890+12", 20},
+                    AddOnRow{{"CompositeUpcA"}, BARCODE_UPCA_CC, "[21]A", "72527270270+12", 20},
+                    AddOnRow{{"CompositeUpcE"}, BARCODE_UPCE_CC, "[21]A", "1123456+12", 24}),
     RuleAsName());
 
 TEST_F(HostileBarcode, OfAHundredThousandBytesIsRefused) {

@@ -1,5 +1,5 @@
+#include "library_limits.h"
 #include "render/blank_surface.h"
-#include "render/limits.h"
 #include "support/qt_messages.h"
 #include "support/rows.h"
 #include "support/same_picture.h"

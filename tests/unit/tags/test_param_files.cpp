@@ -1,4 +1,5 @@
 // Parameter files: what they hold, and what applying them stores.
+#include "library_limits.h"
 #include "support/layouts.h"
 #include "support/printing.h"
 #include "support/qt_messages.h"
@@ -252,3 +253,16 @@ TEST(ParamFiles, CanBeAppliedWithoutADocument) {
 }
 
 } // namespace
+
+TEST(ParamFiles, MayHoldSoManyValuesAndNoMore) {
+    const QByteArray value = "<v>1</v>";
+    QList<DictionaryItem> pairs;
+    ParamFile full(params(entry("t", value.repeated(velnor::MaximumParameters))));
+    EXPECT_EQ(full.handler().ParseParamsApplyTagGeneric(full.path(), &pairs), 0);
+    EXPECT_EQ(pairs.size(), velnor::MaximumParameters);
+    ParamFile beyond(
+        params(entry("t", value.repeated(velnor::MaximumParameters)) + entry("u", value)));
+    EXPECT_EQ(beyond.handler().ParseParamsApplyTagGeneric(beyond.path(), &pairs), 1);
+    EXPECT_EQ(beyond.handler().ParseParamsApplyTag(beyond.path()), 1);
+    EXPECT_TRUE(beyond.handler().objectTags().isEmpty());
+}

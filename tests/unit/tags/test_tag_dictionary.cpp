@@ -190,3 +190,31 @@ TEST(ClearAllDictionary, OfAnObjectTagMakesTheTextInvalid) {
     EXPECT_EQ(layout.handler().ClearAllDictionary(), 0);
     EXPECT_FALSE(layout.handler().isWorkTextValid());
 }
+
+TEST(TagDictionary, GivesAnEmptyTextWhereValuesWouldMakeItTooLong) {
+    Layout layout(QByteArray("%a%").repeated(1000));
+    const QByteArray value(16000, 'x');
+    layout.handler().SetTagDictionary("a", value.constData());
+    EXPECT_EQ(layout.handler().ReadXmlApplyTags().size(), 16000001);
+    const QByteArray longer(17000, 'x');
+    layout.handler().ClearAllDictionary();
+    layout.handler().SetTagDictionary("a", longer.constData());
+    EXPECT_EQ(layout.handler().ReadXmlApplyTags(), QString());
+}
+
+TEST(TagDictionary, GivesAnEmptyTextWhereManyLinesMakeItTooLong) {
+    Layout layout(QByteArray("%a%\n").repeated(1000));
+    const QByteArray value(17000, 'x');
+    layout.handler().SetTagDictionary("a", value.constData());
+    EXPECT_EQ(layout.handler().ReadXmlApplyTags(), QString());
+}
+
+TEST(TagDictionary, IsNotBlownUpByValuesThatNameOneAnother) {
+    Layout layout("%a0%");
+    for (int i = 0; i < 40; ++i) {
+        const QByteArray key = "a" + QByteArray::number(i);
+        const QByteArray next = "%a" + QByteArray::number(i + 1) + "%";
+        layout.handler().SetTagDictionary(key.constData(), next.repeated(10).constData());
+    }
+    EXPECT_EQ(layout.handler().ReadXmlApplyTags(), QString());
+}

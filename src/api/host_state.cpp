@@ -1,0 +1,14 @@
+#include "api/host_state.h"
+
+#include <pthread.h>
+
+velnor::HostState::HostState() {
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &cancellation);
+    std::fegetenv(&floatingPoint);
+    std::fesetenv(FE_DFL_ENV);
+}
+
+velnor::HostState::~HostState() {
+    std::fesetenv(&floatingPoint);
+    pthread_setcancelstate(cancellation, nullptr);
+}

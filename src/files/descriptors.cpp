@@ -1,0 +1,28 @@
+#include "files/descriptors.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+int velnor::awayFromStandardStreams(int descriptor) {
+    if (descriptor < 0 || descriptor > STDERR_FILENO) {
+        return descriptor;
+    }
+    const int copy = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int error = errno;
+    close(descriptor);
+    errno = error;
+    return copy;
+}
+
+int velnor::openAwayFromStandardStreams(const char* path, int flags, mode_t permissions) {
+    const int opened = open(path, flags | O_CLOEXEC | O_NOCTTY, permissions);
+    const int descriptor = awayFromStandardStreams(opened);
+    if (descriptor >= 0 && descriptor != opened) {
+        lseek(descriptor, 0, SEEK_SET);
+        // Fails on what is open for reading and on devices, which keep nothing.
+        [[maybe_unused]] const int cut = ftruncate(descriptor, 0);
+    }
+    return descriptor;
+}

@@ -1,0 +1,58 @@
+// Every limit of the library, each far beyond what a real printout needs. Beyond them a call fails or
+// an item is left out, rather than the host's memory, stack or time.
+#ifndef VELNOR_LIBRARY_LIMITS_H
+#define VELNOR_LIBRARY_LIMITS_H
+
+#include <QtGlobal>
+
+namespace velnor {
+
+// Documents and parameter files. Beyond any of these they do not load.
+
+// The file, and the characters of its text once the placeholders are replaced.
+constexpr qint64 MaximumDocumentSize = 16LL * 1024 * 1024;
+
+// Elements inside one another: the tree is built and destroyed recursively, and the stack is the
+// host's. The same for parentheses in the content model of a document type.
+constexpr int MaximumNesting = 256;
+
+// Elements, attributes, comments and the like: each takes some 200 bytes of the tree.
+constexpr int MaximumNodes = 500000;
+
+// Entities that a document declares, and the characters that its references to one may expand to.
+constexpr int MaximumEntities = 256;
+constexpr int MaximumExpansion = 16 * 1024 * 1024;
+
+constexpr int MaximumItems = 50000;
+
+// Values in one parameter file: for each of them the document is looked through.
+constexpr int MaximumParameters = 10000;
+
+// Items. Beyond any of these the item is not drawn.
+
+// Characters of a text, in UTF-16 units.
+constexpr int MaximumTextLength = 65536;
+
+// Bytes of a barcode's data before its escapes are read. No symbology holds a tenth of it.
+constexpr int MaximumBarcodeData = 128 * 1024;
+
+// A picture that an item shows, taken from the header of its file, or a barcode.
+constexpr qint64 MaximumPictureDots = 64LL * 1000 * 1000;
+constexpr qint64 MaximumPictureFileSize = 256LL * 1024 * 1024;
+
+// Rounds of shrinking a text. Every box of a size of 0 or more needs 123 at most.
+constexpr int MaximumShrinkRounds = 1000;
+
+// The output: the canvas, the part of it that is kept, or that part with its margins. Beyond it
+// there is no picture.
+constexpr qint64 MaximumSurfaceDots = 256LL * 1000 * 1000;
+
+// What lies beside the fonts may be larger. It is no font.
+constexpr qint64 MaximumFontFileSize = 128LL * 1024 * 1024;
+
+// Bytes of a text that a wide function hands back: a size near 2^31 must not become an allocation.
+constexpr qint64 MaximumWideScratch = 64LL * 1024 * 1024;
+
+} // namespace velnor
+
+#endif

@@ -1,0 +1,15 @@
+// What zint must not be asked to draw.
+#ifndef VELNOR_RENDER_DRAWABLE_SYMBOL_H
+#define VELNOR_RENDER_DRAWABLE_SYMBOL_H
+
+struct zint_symbol;
+
+namespace velnor {
+
+// Whether the encoded symbol can be drawn within the library's limits, and by zint without writing
+// outside its picture.
+bool isDrawable(const zint_symbol& symbol);
+
+} // namespace velnor
+
+#endif
