@@ -77,10 +77,16 @@ public:
     int GetObjectTagDictionaryGeneric(const char* key, char* buffer, int size, bool link,
                                       QString& resolvedKey);
     int applyObjectTagsToXmlDoc(QDomDocument& doc) const;
+    // As SetObjectTagDictionary for each pair as a link, kept where it is not found, with the
+    // document read once.
+    void setLinkedValues(const QList<DictionaryItem>& pairs);
 
     // tags/object_lookup.cpp
     int GetValueFromObject(const QString& key, QString& value, QString& resolvedKey, bool link,
                            bool reload);
+    bool loadWorkDocument(QDomDocument& document, bool reload);
+    static int findValue(const QDomDocument& document, const QString& key, QString& value,
+                         QString& resolvedKey, bool link);
     static QDomNode matchAttrInRootElement(const QDomElement& parent, const QString& attribute,
                                            const QString& value);
     static QDomNode matchIDInRootElement(const QDomElement& parent, const QString& value);

@@ -54,23 +54,22 @@ QDomNode VelnorXml::matchLinkInRootElement(const QDomElement& parent, const QStr
     return matchAttrInRootElement(parent, QStringLiteral("link"), value);
 }
 
-int VelnorXml::GetValueFromObject(const QString& key, QString& value, QString& resolvedKey,
-                                  bool link, bool reload) {
-    const QStringList parts = velnor::splitObjectKey(key);
-    if (parts.size() != 2 || parts[0].isEmpty() || parts[1].isEmpty()) {
-        return 1;
-    }
+bool VelnorXml::loadWorkDocument(QDomDocument& document, bool reload) {
     const bool reloading = reload || workText.isEmpty();
     if (reloading) {
         workText = ReadXmlApplyTags();
     }
-    QDomDocument document(QStringLiteral("tmpdocument"));
     if (!velnor::loadXml(document, workText)) {
-        return 1;
+        return false;
     }
     applyObjectTagsToXmlDoc(document);
     workTextValid = workTextValid || reloading;
+    return true;
+}
 
+int VelnorXml::findValue(const QDomDocument& document, const QString& key, QString& value,
+                         QString& resolvedKey, bool link) {
+    const QStringList parts = velnor::splitObjectKey(key);
     const QDomElement object =
         matchIDInRootElement(document.documentElement(), parts[0]).toElement();
     if (object.isNull()) {
@@ -86,4 +85,13 @@ int VelnorXml::GetValueFromObject(const QString& key, QString& value, QString& r
         resolvedKey = parts[0] + QLatin1Char('.') + target.toElement().tagName();
     }
     return 0;
+}
+
+int VelnorXml::GetValueFromObject(const QString& key, QString& value, QString& resolvedKey,
+                                  bool link, bool reload) {
+    QDomDocument document(QStringLiteral("tmpdocument"));
+    if (!velnor::namesValue(key) || !loadWorkDocument(document, reload)) {
+        return 1;
+    }
+    return findValue(document, key, value, resolvedKey, link);
 }

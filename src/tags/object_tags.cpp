@@ -22,6 +22,24 @@ void setPropertyText(QDomDocument& doc, QDomNode property, const QString& value)
     }
 }
 
+// Sets the property in the tree, made where the object has none of that name.
+void applyObjectTag(QDomDocument& doc, const DictionaryItem& item) {
+    const QStringList parts = velnor::splitObjectKey(item.key);
+    if (parts.size() != 2) {
+        return;
+    }
+    QDomElement object =
+        VelnorXml::matchIDInRootElement(doc.documentElement(), parts[0]).toElement();
+    if (object.isNull()) {
+        return;
+    }
+    QDomNode property = object.elementsByTagName(parts[1]).at(0);
+    if (property.isNull()) {
+        property = object.appendChild(doc.createElement(parts[1]));
+    }
+    setPropertyText(doc, property, item.value);
+}
+
 void copyToBuffer(const QString& value, char* buffer, int size) {
     if (size <= 0) {
         return;
@@ -86,21 +104,37 @@ int VelnorXml::applyObjectTagsToXmlDoc(QDomDocument& doc) const {
     if (doc.isNull()) {
         return 1;
     }
-    const QDomElement root = doc.documentElement();
     for (const DictionaryItem& item : objectTagDictionary) {
-        const QStringList parts = velnor::splitObjectKey(item.key);
-        if (parts.size() != 2) {
-            continue;
-        }
-        QDomElement object = matchIDInRootElement(root, parts[0]).toElement();
-        if (object.isNull()) {
-            continue;
-        }
-        QDomNode property = object.elementsByTagName(parts[1]).at(0);
-        if (property.isNull()) {
-            property = object.appendChild(doc.createElement(parts[1]));
-        }
-        setPropertyText(doc, property, item.value);
+        applyObjectTag(doc, item);
     }
     return 0;
+}
+
+void VelnorXml::setLinkedValues(const QList<DictionaryItem>& pairs) {
+    QList<DictionaryItem> values;
+    for (const DictionaryItem& pair : pairs) {
+        // As they come through the interface: names byte by byte.
+        const QString name = QString::fromLatin1(pair.key.toUtf8());
+        if (velnor::splitObjectKey(name).size() == 2) {
+            values.append(DictionaryItem(name, QString::fromUtf8(pair.value.toUtf8())));
+        }
+    }
+    if (values.isEmpty()) {
+        return;
+    }
+    QDomDocument document(QStringLiteral("tmpdocument"));
+    const bool loaded = loadWorkDocument(document, !workTextValid);
+    for (DictionaryItem& item : values) {
+        QString value;
+        QString resolved;
+        if (loaded && velnor::namesValue(item.key) &&
+            findValue(document, item.key, value, resolved, true) == 0) {
+            item.key = resolved;
+        }
+        objectTagDictionary.append(item);
+        if (loaded) {
+            applyObjectTag(document, item);
+        }
+    }
+    workTextValid = false;
 }

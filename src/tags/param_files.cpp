@@ -19,26 +19,25 @@ bool loadParams(const char* file, QDomDocument& document) {
            document.documentElement().tagName() == QLatin1String("VelnorParams");
 }
 
-// Calls `visit` with the key and the value of each child node of an entry. A comment has no name,
-// so its key ends with the point.
-template <typename Visitor>
-void visitPairs(const QDomElement& entry, Visitor visit) {
+// The key and the value of each child node of an entry. A comment has no name, so its key ends with
+// the point.
+void appendPairs(const QDomElement& entry, QList<DictionaryItem>& pairs) {
     const QString id = entry.attribute(QStringLiteral("id"));
     if (id.isEmpty()) {
         return;
     }
     for (QDomNode child = entry.firstChild(); !child.isNull(); child = child.nextSibling()) {
         const QDomElement element = child.toElement();
-        visit(id + QLatin1Char('.') + element.tagName(), element.text());
+        pairs.append(DictionaryItem(id + QLatin1Char('.') + element.tagName(), element.text()));
     }
 }
 
-int countValues(const QDomNodeList& entries) {
-    int count = 0;
+QList<DictionaryItem> pairsOf(const QDomNodeList& entries) {
+    QList<DictionaryItem> pairs;
     for (int i = 0; i < entries.size(); ++i) {
-        visitPairs(entries.at(i).toElement(), [&](const QString&, const QString&) { ++count; });
+        appendPairs(entries.at(i).toElement(), pairs);
     }
-    return count;
+    return pairs;
 }
 
 // As strncpy; a size of 0 or less writes nothing. Tells whether the text filled the buffer.
@@ -59,18 +58,14 @@ int VelnorXml::ParseParamsApplyTagGeneric(const char* file, QList<DictionaryItem
     }
     const QDomNodeList entries =
         document.documentElement().elementsByTagName(QStringLiteral("VelnorParam"));
-    if (entries.isEmpty() || countValues(entries) > velnor::MaximumParameters) {
+    const QList<DictionaryItem> pairs = pairsOf(entries);
+    if (entries.isEmpty() || pairs.size() > velnor::MaximumParameters) {
         return 1;
     }
-    for (int i = 0; i < entries.size(); ++i) {
-        visitPairs(entries.at(i).toElement(), [&](const QString& key, const QString& value) {
-            if (out != nullptr) {
-                out->append(DictionaryItem(key, value));
-            } else {
-                SetObjectTagDictionary(key.toUtf8().constData(), value.toUtf8().constData(), true,
-                                       true);
-            }
-        });
+    if (out != nullptr) {
+        out->append(pairs);
+    } else {
+        setLinkedValues(pairs);
     }
     return 0;
 }
