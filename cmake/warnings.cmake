@@ -20,6 +20,12 @@ if(VELNOR_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Counts what libFuzzer goes by; its targets are built by clang alone.
+option(VELNOR_FUZZ "Build the fuzz targets with libFuzzer" OFF)
+if(VELNOR_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(VELNOR_COVERAGE)
     add_compile_options(--coverage)
     add_link_options(--coverage)

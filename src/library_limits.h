@@ -31,7 +31,7 @@ constexpr int MaximumParameters = 10000;
 // Items. Beyond any of these the item is not drawn.
 
 // Characters of a text, in UTF-16 units.
-constexpr int MaximumTextLength = 65536;
+constexpr int MaximumTextLength = 16384;
 
 // Bytes of a barcode's data before its escapes are read. No symbology holds a tenth of it.
 constexpr int MaximumBarcodeData = 128 * 1024;

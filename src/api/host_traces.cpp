@@ -5,14 +5,16 @@
 #include <QString>
 
 #include <array>
+#include <atomic>
 #include <clocale>
+#include <thread>
 
 #include <pwd.h>
 #include <unistd.h>
 
 namespace {
 
-QtMessageHandler hostMessageHandler = nullptr;
+std::atomic<QtMessageHandler> hostMessageHandler{nullptr};
 
 // What Qt has to say on a missing folder, and on an application beside the main thread.
 constexpr const char* StartUpRemarks[] = {
@@ -27,7 +29,11 @@ void forwardOtherMessages(QtMsgType type, const QMessageLogContext& context,
             return;
         }
     }
-    hostMessageHandler(type, context, message);
+    // Another thread's message may come between the installation and the answer to it.
+    while (hostMessageHandler == nullptr) {
+        std::this_thread::yield();
+    }
+    hostMessageHandler.load()(type, context, message);
 }
 
 // The folder that Qt makes up for the user of this process.
@@ -49,13 +55,15 @@ velnor::LocaleKeeper::~LocaleKeeper() {
 }
 
 velnor::StartUpSilencer::StartUpSilencer() {
-    // In two steps: another thread may send a message at any time.
-    hostMessageHandler = qInstallMessageHandler(nullptr);
-    qInstallMessageHandler(forwardOtherMessages);
+    hostMessageHandler = nullptr;
+    hostMessageHandler = qInstallMessageHandler(forwardOtherMessages);
 }
 
 velnor::StartUpSilencer::~StartUpSilencer() {
-    qInstallMessageHandler(hostMessageHandler);
+    const QtMessageHandler current = qInstallMessageHandler(hostMessageHandler);
+    if (current != forwardOtherMessages) {
+        qInstallMessageHandler(current); // the host installed another one meanwhile
+    }
 }
 
 velnor::RuntimeFolderKeeper::RuntimeFolderKeeper() {
