@@ -40,6 +40,12 @@ constexpr int MaximumBarcodeData = 128 * 1024;
 constexpr qint64 MaximumPictureDots = 64LL * 1000 * 1000;
 constexpr qint64 MaximumPictureFileSize = 256LL * 1024 * 1024;
 
+// What is counted in a picture file before it is decoded: scans of a JPEG, of which each takes the
+// time of a picture; compressed texts of a PNG, of which each takes 12 MB, and all of its chunks.
+constexpr int MaximumPictureScans = 100;
+constexpr int MaximumPictureTexts = 16;
+constexpr int MaximumPictureChunks = 100000;
+
 // Rounds of shrinking a text. Every box of a size of 0 or more needs 123 at most.
 constexpr int MaximumShrinkRounds = 1000;
 

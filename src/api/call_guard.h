@@ -6,6 +6,7 @@
 #include "api/host_state.h"
 #include "api/host_thread.h"
 #include "handler/velnorxml.h"
+#include "spare_memory.h"
 
 namespace velnor {
 
@@ -23,13 +24,22 @@ Result guarded(Result failure, Work work) noexcept {
     }
 }
 
+// The same for work that takes memory, which is not begun without.
+template <typename Result, typename Work>
+Result guardedWithMemory(Result failure, Work work) noexcept {
+    return guarded(failure, [&] {
+        requireMemory(0);
+        return work();
+    });
+}
+
 // Calls `work` with the handler behind the pointer; any non-zero result becomes -1.
 template <typename Work>
 int withHandler(void* handle, Work work) noexcept {
     if (handle == nullptr) {
         return Failure;
     }
-    return guarded(Failure, [&] {
+    return guardedWithMemory(Failure, [&] {
         const HostThread thread;
         return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure;
     });

@@ -6,7 +6,8 @@
 namespace {
 
 void* newHandler(const char* path, const char* images, const char* fonts) {
-    return velnor::guarded<void*>(nullptr, [&] { return new VelnorXml(path, images, fonts); });
+    return velnor::guardedWithMemory<void*>(nullptr,
+                                            [&] { return new VelnorXml(path, images, fonts); });
 }
 
 } // namespace
@@ -21,7 +22,7 @@ void* xmlToImgCreateHandler(const char* path) {
 }
 
 void* xmlToImgCreateHandlerUnicode(const unsigned short* path, int length) {
-    return velnor::guarded<void*>(nullptr, [&] {
+    return velnor::guardedWithMemory<void*>(nullptr, [&] {
         return newHandler(velnor::utf8FromWide(path, length).constData(), nullptr, nullptr);
     });
 }
@@ -33,7 +34,7 @@ void* xmlToImgCreateHandlerWithDirs(const char* path, const char* images, const 
 void* xmlToImgCreateHandlerWithDirsUnicode(const unsigned short* path, int pathLength,
                                            const unsigned short* images, int imagesLength,
                                            const unsigned short* fonts, int fontsLength) {
-    return velnor::guarded<void*>(nullptr, [&] {
+    return velnor::guardedWithMemory<void*>(nullptr, [&] {
         return newHandler(velnor::utf8FromWide(path, pathLength).constData(),
                           velnor::utf8FromWide(images, imagesLength).constData(),
                           velnor::utf8FromWide(fonts, fontsLength).constData());
@@ -41,8 +42,13 @@ void* xmlToImgCreateHandlerWithDirsUnicode(const unsigned short* path, int pathL
 }
 
 int xmlToImgFreeHandler(void* handler) {
-    return velnor::withHandler(handler, [](VelnorXml& xml) {
-        delete &xml;
-        return 0;
+    if (handler == nullptr) {
+        return velnor::Failure;
+    }
+    // Also where no memory is left.
+    return velnor::guarded(velnor::Failure, [handler] {
+        const velnor::HostThread thread;
+        delete static_cast<VelnorXml*>(handler);
+        return velnor::Success;
     });
 }

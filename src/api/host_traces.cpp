@@ -36,8 +36,12 @@ void forwardOtherMessages(QtMsgType type, const QMessageLogContext& context,
     hostMessageHandler.load()(type, context, message);
 }
 
-// The folder that Qt makes up for the user of this process.
+// The folder that the environment names, or that Qt makes up for the user of this process.
 QByteArray runtimeFolder() {
+    const QByteArray named = qgetenv("XDG_RUNTIME_DIR");
+    if (!named.isEmpty()) {
+        return named;
+    }
     std::array<char, 4096> buffer{};
     passwd entry{};
     passwd* user = nullptr;

@@ -28,8 +28,8 @@ public:
     StartUpSilencer& operator=(const StartUpSilencer&) = delete;
 };
 
-// Where XDG_RUNTIME_DIR is unset, Qt makes a folder in its place. When this goes, a folder that was
-// not there before goes too.
+// Qt makes the folder that XDG_RUNTIME_DIR names, or one in its place where that is unset. When this
+// goes, a folder that was not there before goes too.
 class RuntimeFolderKeeper {
 public:
     RuntimeFolderKeeper();

@@ -4,8 +4,11 @@
 #include "api/host_thread.h"
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
+#include "files/descriptors.h"
 #include "render/gui_application.h"
+#include "render/picture_file.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QTextCodec>
 
@@ -22,6 +25,9 @@ int VelnorQtStartedAsNonGuiApp = 0;
 namespace {
 
 constexpr useconds_t StartUpPause = 10000; // microseconds
+
+// Qt ends the process where it cannot load its platform. It takes 3 descriptors for it.
+constexpr int DescriptorsOfStartUp = 8;
 
 std::atomic<bool> startUpClaimed{false};
 
@@ -58,6 +64,12 @@ std::unique_ptr<QGuiApplication> makeApplication() {
     return std::make_unique<QGuiApplication>(qtargc, qtargv);
 }
 
+// Qt makes these at their first use, under locks that it does not let go where memory runs out.
+void makeWhatQtMakesAtFirstUse() {
+    QGuiApplication::font();
+    velnor::encodePicture(QImage(1, 1, QImage::Format_Mono), "png");
+}
+
 void runOwnApplication() {
     std::unique_ptr<QGuiApplication> application;
     {
@@ -66,6 +78,7 @@ void runOwnApplication() {
         qtStarted = 0;
         velnor::ensureThreadHasDispatcher();
         application = makeApplication();
+        makeWhatQtMakesAtFirstUse();
     }
     VelnorQtStartedAsNonGuiApp = 1;
     qtStarted = 1;
@@ -83,8 +96,8 @@ void xmlToImgInitializeQtNoReturn() {
     }
     if (QCoreApplication::instance() != nullptr) {
         qtStarted = 1;
-    } else {
-        velnor::guarded(velnor::Failure, [] {
+    } else if (velnor::descriptorsAreFree(DescriptorsOfStartUp)) {
+        velnor::guardedWithMemory(velnor::Failure, [] {
             runOwnApplication();
             return velnor::Success;
         });
@@ -101,7 +114,7 @@ int xmlToImgQtInitialized() {
 }
 
 int xmlToImgSetPluginPathUnicode(const unsigned short* path, int length) {
-    return velnor::guarded(velnor::Failure, [&] {
+    return velnor::guardedWithMemory(velnor::Failure, [&] {
         QCoreApplication::addLibraryPath(QString::fromUtf16(path, length));
         return velnor::Success;
     });

@@ -34,7 +34,8 @@ int xmlToImgGetFontPropertyUnicode(void* handler, const unsigned short* family, 
 }
 
 char* xmlToImgAvailableFontList() {
-    return velnor::guarded<char*>(nullptr, [] { return VelnorImage::GetAvailableFont(); });
+    return velnor::guardedWithMemory<char*>(nullptr,
+                                            [] { return VelnorImage::GetAvailableFont(); });
 }
 
 void xmlToImgFreeFontList(char* list) {

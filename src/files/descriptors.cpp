@@ -1,8 +1,10 @@
 #include "files/descriptors.h"
 
 #include <cerrno>
+#include <vector>
 
 #include <fcntl.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 int velnor::awayFromStandardStreams(int descriptor) {
@@ -14,6 +16,21 @@ int velnor::awayFromStandardStreams(int descriptor) {
     close(descriptor);
     errno = error;
     return copy;
+}
+
+bool velnor::descriptorsAreFree(int count) {
+    std::vector<int> taken;
+    taken.reserve(static_cast<size_t>(count));
+    int descriptor = 0;
+    while (count > 0 && descriptor >= 0) {
+        descriptor = eventfd(0, EFD_CLOEXEC);
+        taken.push_back(descriptor);
+        --count;
+    }
+    for (const int one : taken) {
+        close(one);
+    }
+    return descriptor >= 0;
 }
 
 int velnor::openAwayFromStandardStreams(const char* path, int flags, mode_t permissions) {

@@ -5,6 +5,7 @@
 #include "render/drawable_symbol.h"
 #include "render/picture_file.h"
 #include "render/velnorbarcode.h"
+#include "spare_memory.h"
 
 #include <QImage>
 
@@ -12,6 +13,7 @@
 
 #include <cstring>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -36,11 +38,26 @@ void setPrimary(zint_symbol& symbol, const char* primary) {
     }
 }
 
+void failWithoutMemory(int zintResult) {
+    if (zintResult == ZINT_ERROR_MEMORY) {
+        throw std::bad_alloc();
+    }
+}
+
 // zint found an option invalid and went on without it, or failed. An inserted character set
 // switch and a symbol beside its standard stand for complete, readable symbols.
 bool isComplete(int encodingResult) {
+    failWithoutMemory(encodingResult);
     return encodingResult == 0 || encodingResult == ZINT_WARN_USES_ECI ||
            encodingResult == ZINT_WARN_NONCOMPLIANT;
+}
+
+bool draw(zint_symbol& symbol) {
+    constexpr double BytesPerDot = 5.0; // zint's dots, their colours, and the picture made of them
+    velnor::requireMemory(static_cast<qint64>(velnor::pictureDots(symbol) * BytesPerDot));
+    const int drawn = ZBarcode_Buffer(&symbol, 0);
+    failWithoutMemory(drawn);
+    return drawn == 0;
 }
 
 // One bit a dot, as such a symbol's own file has it: rotated by odd angles, a picture of another
@@ -80,8 +97,7 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
 
     const int encoded = escape_char_process(
         symbol.get(), reinterpret_cast<const unsigned char*>(data), static_cast<int>(length));
-    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) ||
-        ZBarcode_Buffer(symbol.get(), 0) != 0 ||
+    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) || !draw(*symbol) ||
         !velnor::writeNewFile(QString::fromUtf8(file),
                               velnor::encodePicture(toPicture(*symbol), "png"))) {
         return Refused;

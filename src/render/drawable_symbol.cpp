@@ -10,14 +10,6 @@
 
 namespace {
 
-// Known before zint allocates the picture, up to quiet zones and text.
-bool isOfPictureSize(const zint_symbol& symbol) {
-    const double dotsPerModule =
-        (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
-    const double dots = symbol.width * dotsPerModule * symbol.height * dotsPerModule;
-    return dots <= static_cast<double>(velnor::MaximumPictureDots);
-}
-
 // Symbologies that take an add-on of two or five digits behind a plus sign.
 constexpr int SymbologiesWithAddOn[] = {
     BARCODE_EANX,     BARCODE_EANX_CHK, BARCODE_UPCA,    BARCODE_UPCA_CHK, BARCODE_UPCE,
@@ -59,6 +51,13 @@ bool addOnStaysInPicture(const zint_symbol& symbol) {
 
 } // namespace
 
+double velnor::pictureDots(const zint_symbol& symbol) {
+    const double dotsPerModule =
+        (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
+    return symbol.width * dotsPerModule * symbol.height * dotsPerModule;
+}
+
 bool velnor::isDrawable(const zint_symbol& symbol) {
-    return isOfPictureSize(symbol) && addOnStaysInPicture(symbol);
+    return pictureDots(symbol) <= static_cast<double>(MaximumPictureDots) &&
+           addOnStaysInPicture(symbol);
 }

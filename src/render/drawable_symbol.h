@@ -6,6 +6,9 @@ struct zint_symbol;
 
 namespace velnor {
 
+// The dots of the symbol's picture, up to quiet zones and text: known before zint allocates it.
+double pictureDots(const zint_symbol& symbol);
+
 // Whether the encoded symbol can be drawn within the library's limits, and by zint without writing
 // outside its picture.
 bool isDrawable(const zint_symbol& symbol);

@@ -4,10 +4,12 @@
 #include "render/blank_surface.h"
 #include "render/picture_file.h"
 #include "render/velnorimage.h"
+#include "spare_memory.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -90,7 +92,12 @@ QImage VelnorImage::keptPicture(int dpi) const {
     if (!velnor::isSurfaceSize(image->width(), height)) {
         return {};
     }
-    return image->copy(0, 0, image->width(), height);
+    velnor::requireMemory(static_cast<qint64>(image->bytesPerLine()) * height);
+    QImage kept = image->copy(0, 0, image->width(), height);
+    if (kept.isNull()) {
+        throw std::bad_alloc();
+    }
+    return kept;
 }
 
 int VelnorImage::SaveImage(const char* fileName, int dpi, int left, int top, int right,

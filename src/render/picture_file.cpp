@@ -2,6 +2,8 @@
 
 #include "files/input_file.h"
 #include "library_limits.h"
+#include "render/picture_scan.h"
+#include "spare_memory.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -12,11 +14,14 @@
 
 namespace {
 
+constexpr qint64 BytesPerDot = 4;
+
 // Qt converts larger pictures on threads that it starts and that stay in the host's process.
 constexpr qsizetype ConvertedAtOnce = 64LL * 1024; // bytes
 
 // As QImage::convertToFormat, a few rows after the other.
 QImage convertByRows(const QImage& picture, QImage::Format format) {
+    velnor::requireMemory(picture.sizeInBytes());
     QImage converted(picture.size(), format);
     converted.setDotsPerMeterX(picture.dotsPerMeterX());
     converted.setDotsPerMeterY(picture.dotsPerMeterY());
@@ -61,11 +66,16 @@ QImage velnor::loadPicture(const QString& path) {
     if (!file.openUpTo(MaximumPictureFileSize)) {
         return {};
     }
+    const QByteArray format = QImageReader(&file).format();
+    if (!isSafeToDecode(file, format)) {
+        return {};
+    }
     QImageReader reader(&file);
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > MaximumPictureDots) {
         return {};
     }
+    requireMemory(static_cast<qint64>(size.width()) * size.height() * BytesPerDot);
     QImage picture = reader.read();
     // Qt takes "@2x" in a file's name for a picture of half as many dots.
     picture.setDevicePixelRatio(1.0);
@@ -73,6 +83,7 @@ QImage velnor::loadPicture(const QString& path) {
 }
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
+    requireMemory(0);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) ||

@@ -139,6 +139,11 @@ TEST(DomLoading, IgnoresTheEncodingThatADecodedTextDeclares) {
               QString(QChar(0xE9)));
 }
 
+TEST(DomLoading, CutsANumberedCharacterBeyond16Bits) {
+    EXPECT_EQ(rootText("<r>&#128512;</r>"), QString(QChar(128512 % 65536)));
+    EXPECT_EQ(rootText("<r>\xF0\x9F\x98\x80</r>"), QString::fromUtf8("\xF0\x9F\x98\x80"));
+}
+
 TEST(DomLoading, DecodesBytesAsTheirPrologueSays) {
     QDomDocument document;
     const QByteArray bytes("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xE9</r>");

@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -42,6 +43,22 @@ TEST(Descriptors, OpenAboveTheStandardStreams) {
     EXPECT_EQ(write(file, "bytes", 5), 5);
     close(file);
     EXPECT_EQ(contentOf(folder.path(QStringLiteral("a"))), "bytes");
+}
+
+TEST(Descriptors, AreFreeUpToTheLimitOfTheProcess) {
+    constexpr int Limit = 64;
+    int freeOnes = 0;
+    for (int descriptor = 0; descriptor < Limit; ++descriptor) {
+        freeOnes += fcntl(descriptor, F_GETFD) == -1 ? 1 : 0;
+    }
+    rlimit hostLimit{};
+    getrlimit(RLIMIT_NOFILE, &hostLimit);
+    const rlimit limit{Limit, hostLimit.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &limit);
+    EXPECT_TRUE(velnor::descriptorsAreFree(freeOnes));
+    EXPECT_FALSE(velnor::descriptorsAreFree(freeOnes + 1));
+    EXPECT_TRUE(velnor::descriptorsAreFree(freeOnes));
+    setrlimit(RLIMIT_NOFILE, &hostLimit);
 }
 
 TEST(Descriptors, ThatAreNoneStayNone) {
