@@ -20,6 +20,11 @@ if(VELNOR_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(VELNOR_SANITIZE_THREADS)
+    add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=thread)
+endif()
+
 # Counts what libFuzzer goes by; its targets are built by clang alone.
 option(VELNOR_FUZZ "Build the fuzz targets with libFuzzer" OFF)
 if(VELNOR_FUZZ)

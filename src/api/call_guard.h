@@ -24,11 +24,12 @@ Result guarded(Result failure, Work work) noexcept {
     }
 }
 
-// The same for work that takes memory, which is not begun without.
+// The same for a call of the host's. What takes memory is not begun without.
 template <typename Result, typename Work>
-Result guardedWithMemory(Result failure, Work work) noexcept {
+Result hostCall(Result failure, Work work) noexcept {
     return guarded(failure, [&] {
         requireMemory(0);
+        const HostThread thread;
         return work();
     });
 }
@@ -39,10 +40,8 @@ int withHandler(void* handle, Work work) noexcept {
     if (handle == nullptr) {
         return Failure;
     }
-    return guardedWithMemory(Failure, [&] {
-        const HostThread thread;
-        return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure;
-    });
+    return hostCall(
+        Failure, [&] { return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure; });
 }
 
 } // namespace velnor

@@ -22,7 +22,10 @@ velnor::HostThread::HostThread() {
 }
 
 velnor::HostThread::~HostThread() {
-    if (auto* own = dynamic_cast<EventDispatcher*>(QAbstractEventDispatcher::instance())) {
-        own->activateTimers();
+    try {
+        if (auto* own = dynamic_cast<EventDispatcher*>(QAbstractEventDispatcher::instance())) {
+            own->activateTimers();
+        }
+    } catch (...) { // without memory the timers wait for the next call
     }
 }

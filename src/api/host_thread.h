@@ -2,7 +2,7 @@
 #ifndef VELNOR_API_HOST_THREAD_H
 #define VELNOR_API_HOST_THREAD_H
 
-#include "render/gui_application.h"
+#include "api/application_gate.h"
 
 namespace velnor {
 
@@ -21,7 +21,7 @@ public:
     HostThread& operator=(const HostThread&) = delete;
 
 private:
-    GuiApplicationAnswer application; // asked before the thread gets its dispatcher
+    CallInFlight call;
 };
 
 } // namespace velnor

@@ -1,11 +1,11 @@
 #include "velnorxmltoimg.h"
 
+#include "api/application_gate.h"
 #include "api/call_guard.h"
 #include "api/host_thread.h"
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
 #include "files/descriptors.h"
-#include "render/gui_application.h"
 #include "render/picture_file.h"
 
 #include <QFont>
@@ -70,26 +70,30 @@ void makeWhatQtMakesAtFirstUse() {
     velnor::encodePicture(QImage(1, 1, QImage::Format_Mono), "png");
 }
 
+std::unique_ptr<QGuiApplication> makeCompleteApplication() {
+    const velnor::ApplicationChange change;
+    // Still 1 where an earlier application has ended.
+    qtStarted = 0;
+    velnor::ensureThreadHasDispatcher();
+    auto application = makeApplication();
+    makeWhatQtMakesAtFirstUse();
+    return application;
+}
+
 void runOwnApplication() {
-    std::unique_ptr<QGuiApplication> application;
-    {
-        const velnor::GuiApplicationNotReady making;
-        // Still 1 where an earlier application has ended.
-        qtStarted = 0;
-        velnor::ensureThreadHasDispatcher();
-        application = makeApplication();
-        makeWhatQtMakesAtFirstUse();
-    }
+    velnor::requireMemory(0);
+    auto application = makeCompleteApplication();
     VelnorQtStartedAsNonGuiApp = 1;
     qtStarted = 1;
     QCoreApplication::exec();
-    const velnor::GuiApplicationNotReady unmaking;
+    const velnor::ApplicationChange change;
     application.reset();
 }
 
 } // namespace
 
 void xmlToImgInitializeQtNoReturn() {
+    const velnor::HostState state;
     // Claimed first: the instance exists already while it is still being constructed.
     if (startUpClaimed.exchange(true)) {
         return;
@@ -97,7 +101,7 @@ void xmlToImgInitializeQtNoReturn() {
     if (QCoreApplication::instance() != nullptr) {
         qtStarted = 1;
     } else if (velnor::descriptorsAreFree(DescriptorsOfStartUp)) {
-        velnor::guardedWithMemory(velnor::Failure, [] {
+        velnor::guarded(velnor::Failure, [] {
             runOwnApplication();
             return velnor::Success;
         });
@@ -114,7 +118,7 @@ int xmlToImgQtInitialized() {
 }
 
 int xmlToImgSetPluginPathUnicode(const unsigned short* path, int length) {
-    return velnor::guardedWithMemory(velnor::Failure, [&] {
+    return velnor::hostCall(velnor::Failure, [&] {
         QCoreApplication::addLibraryPath(QString::fromUtf16(path, length));
         return velnor::Success;
     });

@@ -34,8 +34,7 @@ int xmlToImgGetFontPropertyUnicode(void* handler, const unsigned short* family, 
 }
 
 char* xmlToImgAvailableFontList() {
-    return velnor::guardedWithMemory<char*>(nullptr,
-                                            [] { return VelnorImage::GetAvailableFont(); });
+    return velnor::hostCall<char*>(nullptr, [] { return VelnorImage::GetAvailableFont(); });
 }
 
 void xmlToImgFreeFontList(char* list) {

@@ -119,6 +119,11 @@ public:
 
 namespace velnor {
 
+inline bool isVisible(const VelnorDrawableElement& item) {
+    constexpr int Hidden = 1;
+    return item.hidden != Hidden;
+}
+
 // Calls `visit` with the item as the record of its kind. False for a kind that no item has.
 template <typename Visitor>
 bool visitItem(VelnorDrawableElement& item, Visitor visit) {

@@ -71,6 +71,18 @@ QDomNodeList itemElements(const QDomElement& itemList) {
     return itemList.elementsByTagName(QStringLiteral("VelnorItem"));
 }
 
+// An item's texts hold those of the items inside it, so that few items inside one another would hold
+// a large document many times over.
+bool areTooMany(const QDomNodeList& elements, const QDomElement& itemList) {
+    qint64 nestedText = 0;
+    for (int i = 0; i < elements.size() && nestedText <= velnor::MaximumDocumentSize; ++i) {
+        if (elements.at(i).parentNode() != itemList) {
+            nestedText += elements.at(i).toElement().text().size();
+        }
+    }
+    return elements.size() > velnor::MaximumItems || nestedText > velnor::MaximumDocumentSize;
+}
+
 std::unique_ptr<velnor::ElementList> readItems(const QDomNodeList& elements,
                                                const VelnorDrawableCanvas& canvas,
                                                const VelnorXml& handler) {
@@ -103,7 +115,7 @@ int VelnorXml::Parse(VelnorDrawableCanvas** out) {
         return 0;
     }
     const QDomNodeList elements = itemElements(itemList);
-    if (elements.size() > velnor::MaximumItems) {
+    if (areTooMany(elements, itemList)) {
         return 1;
     }
     auto canvas = readCanvas(itemList);

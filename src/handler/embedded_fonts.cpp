@@ -83,13 +83,12 @@ void VelnorXml::removeEmbeddedFonts() {
         return;
     }
     const bool fontsCanBeRemoved = velnor::guiApplicationExists();
-    for (const FontItem* font : *embeddedFontIdList) {
+    while (!embeddedFontIdList->isEmpty()) {
+        const std::unique_ptr<const FontItem> font(embeddedFontIdList->takeLast());
         if (font->id != -1 && fontsCanBeRemoved) {
             QFontDatabase::removeApplicationFont(font->id);
         }
-        delete font;
     }
-    embeddedFontIdList->clear();
     if (fontsCanBeRemoved) {
         QFont::cleanup();
     }

@@ -10,5 +10,8 @@ VelnorXml::VelnorXml(const char* documentFile, const char* imageDir, const char*
 }
 
 VelnorXml::~VelnorXml() {
-    removeEmbeddedFonts();
+    try {
+        removeEmbeddedFonts();
+    } catch (...) { // without memory the rest of the fonts stay registered
+    }
 }

@@ -1,16 +1,18 @@
 // The two passes over a canvas: measure, lay out, draw, save.
 #include "document/dots.h"
 #include "document/elements.h"
+#include "render/gui_application.h"
+#include "render/text_places.h"
 #include "render/velnorbarcode.h"
 #include "render/velnorimage.h"
 
 #include <QFile>
+#include <QFont>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int Hidden = 1;
 constexpr int NeverAntialias = 0;
 constexpr int AlwaysAntialias = 1;
 constexpr double MillimetresPerInch = 25.4;
@@ -79,7 +81,7 @@ void drawVisibleItems(const Pass& pass, Drawn drawn) {
         return;
     }
     for (const auto& item : *pass.canvas.items) {
-        if (item->hidden != Hidden) {
+        if (velnor::isVisible(*item)) {
             velnor::visitItem(*item, [&pass](const auto& record) { draw(pass, record); });
             drawn(*item);
         }
@@ -120,8 +122,12 @@ int VelnorImage::CreateImageFromCanvas(VelnorDrawableCanvas* canvas, const char*
         canvas->height = oneMetreOfRoll(canvas->dpi);
     }
     CalculateBoundingBoxForItems(canvas, fileName);
+    const velnor::TextPlaces texts(*canvas);
     CalculateRowLength(canvas);
     CalculateColumnLength(canvas);
+    if (!texts.areInsideInBothPasses() && velnor::guiApplicationExists()) {
+        QFont::cleanup(); // the drawing pass loads every letter anew
+    }
 
     VelnorImage output(canvas->width, canvas->height);
     int lowest = 0;

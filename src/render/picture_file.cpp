@@ -76,7 +76,12 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     requireMemory(static_cast<qint64>(size.width()) * size.height() * BytesPerDot);
-    QImage picture = reader.read();
+    // Readers of files that end too early leave the rest of the dots as they are.
+    QImage picture(size, reader.imageFormat());
+    picture.fill(Qt::white);
+    if (!reader.read(&picture)) {
+        return {};
+    }
     // Qt takes "@2x" in a file's name for a picture of half as many dots.
     picture.setDevicePixelRatio(1.0);
     return picture;

@@ -241,3 +241,15 @@ TEST(ParserInput, OfATooLargeFileFails) {
     EXPECT_EQ(Layout(document + QByteArray(room, ' ')).parseResult(), 0);
     EXPECT_EQ(Layout(document + QByteArray(room + 2, ' ')).parseResult(), 1);
 }
+
+TEST(ParserInput, MayHoldItemsInsideItemsButNotALargeTextManyTimesOver) {
+    const auto inside = [](int levels, int length) {
+        QByteArray items = QByteArray(length, 'x');
+        for (int i = 0; i < levels; ++i) {
+            items = itemElement("text", element("text", items));
+        }
+        return Layout(canvasDocument(items)).parseResult();
+    };
+    EXPECT_EQ(inside(100, 100000), 0);
+    EXPECT_EQ(inside(100, 1000000), 1);
+}

@@ -10,9 +10,6 @@
 
 #include <QGuiApplication>
 
-#include <optional>
-#include <thread>
-
 namespace {
 
 // The arguments of an application without a screen; Qt keeps references to them.
@@ -69,31 +66,6 @@ TEST(GuiApplication, DoesNotExistWithACoreApplicationAlone) {
     EXPECT_FALSE(velnor::guiApplicationExists());
     expectTextOperationsFailSoftly();
     expectTextIsLeftOut();
-}
-
-TEST(GuiApplication, CannotBeUsedWhileItIsMadeOrUnmade) {
-    Arguments arguments;
-    const QGuiApplication application(arguments.count(), arguments.values());
-    {
-        const velnor::GuiApplicationNotReady making;
-        EXPECT_FALSE(velnor::guiApplicationExists());
-        expectTextOperationsFailSoftly();
-    }
-    EXPECT_TRUE(velnor::guiApplicationExists());
-}
-
-TEST(GuiApplication, ThatBecomesReadyInTheMiddleOfACallIsNotForThatCall) {
-    Arguments arguments;
-    const QGuiApplication application(arguments.count(), arguments.values());
-    std::optional<velnor::GuiApplicationNotReady> making(std::in_place);
-    {
-        const velnor::GuiApplicationAnswer call;
-        making.reset();
-        const velnor::GuiApplicationAnswer callWithinIt;
-        EXPECT_FALSE(velnor::guiApplicationExists());
-        std::thread([] { EXPECT_TRUE(velnor::guiApplicationExists()); }).join();
-    }
-    EXPECT_TRUE(velnor::guiApplicationExists());
 }
 
 TEST(GuiApplication, ExistsUntilItEndsAndFontsGoWithIt) {

@@ -103,6 +103,18 @@ TEST_F(PictureFile, ThatEndsTooEarlyDoesNoHarm) {
     }
 }
 
+// What Qt's reader leaves out would otherwise be memory that the host has freed.
+TEST_F(PictureFile, OfTheBmpFormatThatEndsTooEarlyIsWhiteBehindItsEnd) {
+    const QImage picture = colourfulPicture(90, 90).convertToFormat(QImage::Format_RGB32);
+    const QByteArray bytes = velnor::encodePicture(picture, "bmp");
+    const QImage cut =
+        velnor::loadPicture(folder.write(QStringLiteral("cut.bmp"), bytes.left(bytes.size() / 2)));
+    ASSERT_EQ(cut.size(), picture.size());
+    // From the bottom up, as the file holds it.
+    EXPECT_TRUE(isAllWhite(cut.copy(0, 0, 90, 40)));
+    EXPECT_TRUE(samePicture(cut.copy(0, 50, 90, 40), picture.copy(0, 50, 90, 40)));
+}
+
 struct AnnouncedRow : Row {
     quint32 width;
     quint32 height;

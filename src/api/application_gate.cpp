@@ -1,0 +1,26 @@
+#include "api/application_gate.h"
+
+#include <pthread.h>
+
+namespace {
+
+// Threads that draw without a pause would never let a change in otherwise, as std::shared_mutex does.
+pthread_rwlock_t gate = PTHREAD_RWLOCK_WRITER_NONRECURSIVE_INITIALIZER_NP;
+
+} // namespace
+
+velnor::CallInFlight::CallInFlight() {
+    pthread_rwlock_rdlock(&gate);
+}
+
+velnor::CallInFlight::~CallInFlight() {
+    pthread_rwlock_unlock(&gate);
+}
+
+velnor::ApplicationChange::ApplicationChange() {
+    pthread_rwlock_wrlock(&gate);
+}
+
+velnor::ApplicationChange::~ApplicationChange() {
+    pthread_rwlock_unlock(&gate);
+}
