@@ -13,9 +13,17 @@
  *   returning from main while another thread is inside any other function of this library is not.
  *
  * THREADS
- *   Every function may be called from any thread; none takes a lock. Calls on one handler must not
- *   overlap. Handlers must not be created or freed on two threads at once, nor while another thread
- *   draws, since the fonts that they register belong to the whole process.
+ *   Every function may be called from any thread; calls wait for one another only while the library's
+ *   own application is made or ended. Calls on one handler must not overlap. Handlers must not be
+ *   created or freed on two threads at once, nor while another thread draws, since the fonts that they
+ *   register belong to the whole process. A thread that draws needs a stack of 512 KiB. A thread that
+ *   is cancelled during a call is so after it. No function may be called from a signal handler, from
+ *   an atexit handler or from the destructor of a static object.
+ *
+ * THE HOST'S PROCESS
+ *   A call leaves locale, environment, signal handlers and masks, floating-point state and standard
+ *   streams as they were. After a fork, the child may execute another program or end by _exit; it may
+ *   draw only where a single thread of the parent did.
  *
  * TEXT
  *   Narrow functions take UTF-8 that ends with a zero byte; the names of tags and objects, however,
@@ -310,14 +318,16 @@ VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFileUnicode(void* handler,
 /* ------------------------------------------------------------------------------------ images */
 
 /*
- * Renders the document to an image file and replaces a file of that name.
+ * Renders the document to an image file and replaces a file of that name: whoever reads it sees the
+ * old picture or the new one, complete. Only a device, a pipe, a file of several names or one in a
+ * folder that takes no new file is written in place.
  *
  * path:   the output file in UTF-8, ended by a zero byte; not null. Its suffix chooses the format:
  *         ".png" gives PNG. While a barcode is drawn, a file of that name with ".BARCODE.PNG" added
  *         exists beside it; it is gone when the call returns.
  * Result: 0 for every handler, whether or not a picture was written: a document that cannot be read
  *         and a file that cannot be written give 0 as well, so look for the file. -1 for a null
- *         handler.
+ *         handler and where memory runs out; nothing is written then.
  */
 VELNORXMLTOIMG_API int xmlToImgCreateImage(void* handler, const char* path);
 

@@ -26,7 +26,7 @@ constexpr int MaximumExpansion = 16 * 1024 * 1024;
 constexpr int MaximumItems = 50000;
 
 // Values in one parameter file: for each of them the document is looked through.
-constexpr int MaximumParameters = 10000;
+constexpr int MaximumParameters = 2000;
 
 // Items. Beyond any of these the item is not drawn.
 

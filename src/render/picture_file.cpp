@@ -71,13 +71,15 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     QImageReader reader(&file);
-    const QSize size = reader.size();
-    if (static_cast<qint64>(size.width()) * size.height() > MaximumPictureDots) {
+    // A height below 0 is that of a BMP file that begins with its top row.
+    const qint64 width = qAbs<qint64>(reader.size().width());
+    const qint64 height = qAbs<qint64>(reader.size().height());
+    if (width * height > MaximumPictureDots) {
         return {};
     }
-    requireMemory(static_cast<qint64>(size.width()) * size.height() * BytesPerDot);
+    requireMemory(width * height * BytesPerDot);
     // Readers of files that end too early leave the rest of the dots as they are.
-    QImage picture(size, reader.imageFormat());
+    QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
     picture.fill(Qt::white);
     if (!reader.read(&picture)) {
         return {};

@@ -6,6 +6,7 @@
 #include "support/rows.h"
 #include "support/same_picture.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 
@@ -113,6 +114,35 @@ TEST_F(PictureFile, OfTheBmpFormatThatEndsTooEarlyIsWhiteBehindItsEnd) {
     // From the bottom up, as the file holds it.
     EXPECT_TRUE(isAllWhite(cut.copy(0, 0, 90, 40)));
     EXPECT_TRUE(samePicture(cut.copy(0, 50, 90, 40), picture.copy(0, 50, 90, 40)));
+}
+
+// A BMP file of 24 bits whose rows come from the top.
+QByteArray topDownBitmap(qint32 width, qint32 height, const QByteArray& dots) {
+    constexpr qint32 HeaderSize = 54;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.writeRawData("BM", 2);
+    stream << HeaderSize + dots.size() << qint32(0) << HeaderSize;
+    stream << qint32(40) << width << -height << qint16(1) << qint16(24);
+    for (int unused = 0; unused < 6; ++unused) {
+        stream << qint32(0);
+    }
+    return bytes + dots;
+}
+
+TEST_F(PictureFile, OfTheBmpFormatMayBeginWithItsTopRow) {
+    const QByteArray red("\0\0\xFF\0", 4); // one dot and the rest of its row
+    const QByteArray bytes = topDownBitmap(1, 2000, red.repeated(1000));
+    const QImage picture = velnor::loadPicture(folder.write(QStringLiteral("p.bmp"), bytes));
+    ASSERT_EQ(picture.size(), QSize(1, 2000));
+    EXPECT_EQ(picture.pixel(0, 999), qRgb(255, 0, 0));
+    EXPECT_EQ(picture.pixel(0, 1000), qRgb(255, 255, 255));
+}
+
+TEST_F(PictureFile, OfTheBmpFormatThatBeginsWithItsTopRowHasTheSameLimit) {
+    expectSilentlyUnreadable(
+        folder.write(QStringLiteral("p.bmp"), topDownBitmap(8000, 8001, QByteArray(1000, 'x'))));
 }
 
 struct AnnouncedRow : Row {
