@@ -9,12 +9,12 @@ pthread_rwlock_t gate = PTHREAD_RWLOCK_WRITER_NONRECURSIVE_INITIALIZER_NP;
 
 } // namespace
 
-velnor::CallInFlight::CallInFlight() {
-    pthread_rwlock_rdlock(&gate);
-}
+velnor::CallInFlight::CallInFlight() : held(pthread_rwlock_rdlock(&gate) == 0) {}
 
 velnor::CallInFlight::~CallInFlight() {
-    pthread_rwlock_unlock(&gate);
+    if (held) {
+        pthread_rwlock_unlock(&gate);
+    }
 }
 
 velnor::ApplicationChange::ApplicationChange() {

@@ -13,6 +13,9 @@ public:
     ~CallInFlight();
     CallInFlight(const CallInFlight&) = delete;
     CallInFlight& operator=(const CallInFlight&) = delete;
+
+private:
+    bool held; // not by the thread that ends the application, whose listeners may call
 };
 
 // While this lives, no call is in flight: those that were have ended, others wait.

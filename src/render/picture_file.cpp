@@ -37,6 +37,24 @@ QImage convertByRows(const QImage& picture, QImage::Format format) {
     return converted;
 }
 
+qint64 dotsOf(const QSize& size) {
+    return static_cast<qint64>(size.width()) * size.height();
+}
+
+// What the header of the file says. Empty where it says nothing or too much.
+QSize announcedSize(const QImageReader& reader) {
+    const QSize announced = reader.size();
+    if (announced.width() <= 0) {
+        return {};
+    }
+    // A height below 0 is that of a BMP file that begins with its top row.
+    const qint64 height = qAbs<qint64>(announced.height());
+    if (announced.width() * height > velnor::MaximumPictureDots) {
+        return {};
+    }
+    return {announced.width(), static_cast<int>(height)};
+}
+
 struct WrittenFormat {
     const char* name;
     QImage::Format dots;
@@ -71,16 +89,17 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     QImageReader reader(&file);
-    // A height below 0 is that of a BMP file that begins with its top row.
-    const qint64 width = qAbs<qint64>(reader.size().width());
-    const qint64 height = qAbs<qint64>(reader.size().height());
-    if (width * height > MaximumPictureDots) {
+    const QSize size = announcedSize(reader);
+    if (size.isEmpty()) {
         return {};
     }
-    requireMemory(width * height * BytesPerDot);
+    requireMemory(dotsOf(size) * BytesPerDot);
     // Readers of files that end too early leave the rest of the dots as they are.
-    QImage picture(static_cast<int>(width), static_cast<int>(height), reader.imageFormat());
-    picture.fill(Qt::white);
+    QImage picture;
+    if (reader.imageFormat() != QImage::Format_Invalid) {
+        picture = QImage(size, reader.imageFormat());
+        picture.fill(Qt::white);
+    }
     if (!reader.read(&picture)) {
         return {};
     }
