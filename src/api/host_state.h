@@ -3,12 +3,14 @@
 #ifndef VELNOR_API_HOST_STATE_H
 #define VELNOR_API_HOST_STATE_H
 
+#include "files/held_signal.h"
+
 #include <cfenv>
 
 namespace velnor {
 
 // While this lives, the calling thread cannot be cancelled, rounds to nearest and raises no signal
-// for a floating-point exception. Then it has its own state again, and a cancellation that came
+// for a floating-point exception, nor for a file beyond the host's limit, such as fontconfig's. Then it has its own state again, and a cancellation that came
 // meanwhile takes effect at its next cancellation point.
 class HostState {
 public:
@@ -18,6 +20,7 @@ public:
     HostState& operator=(const HostState&) = delete;
 
 private:
+    HeldSignal fileSizeSignal;
     std::fenv_t floatingPoint{};
     int cancellation = 0;
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cfenv>
+#include <csignal>
 #include <optional>
 #include <thread>
 
@@ -89,5 +90,20 @@ TEST(HostState, MayBeHeldTwice) {
             EXPECT_EQ(cancellationState(), PTHREAD_CANCEL_DISABLE);
         }
         EXPECT_EQ(std::fegetround(), FE_UPWARD);
+    });
+}
+
+TEST(HostState, TakesTheSignalForATooLargeFileBack) {
+    onThread([] {
+        {
+            const velnor::HostState state;
+            pthread_kill(pthread_self(), SIGXFSZ);
+        }
+        sigset_t mask{};
+        sigset_t pending{};
+        pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+        sigpending(&pending);
+        EXPECT_EQ(sigismember(&mask, SIGXFSZ), 0);
+        EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0);
     });
 }
