@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFont>
 #include <QFontDatabase>
+#include <QHash>
 
 #include <algorithm>
 #include <memory>
@@ -29,6 +30,47 @@ bool markPresent(const QList<FontItem*>& fonts, const QString& name, int size) {
     return true;
 }
 
+struct KeptFont {
+    QByteArray bytes; // Qt has them too, and shares them
+    QStringList families;
+};
+
+// Those that were registered to be kept, by their numbers.
+QHash<int, KeptFont>& keptFonts() {
+    static QHash<int, KeptFont> fonts;
+    return fonts;
+}
+
+// A Qt host may have removed all fonts, and Qt gives their numbers to others.
+bool isStillRegistered(int id, const KeptFont& font) {
+    return !font.families.isEmpty() && QFontDatabase::applicationFontFamilies(id) == font.families;
+}
+
+// The number of a font of these bytes that was forgotten but is registered; -1 when there is none.
+// Registered anew each time that their folder comes back, fonts would fill the memory.
+int forgottenFont(const QList<FontItem*>& fonts, const QByteArray& bytes) {
+    for (auto kept = keptFonts().constBegin(); kept != keptFonts().constEnd(); ++kept) {
+        const auto isKnown = [&](const FontItem* font) { return font->id == kept.key(); };
+        if (std::none_of(fonts.begin(), fonts.end(), isKnown) && kept->bytes == bytes &&
+            isStillRegistered(kept.key(), *kept)) {
+            return kept.key();
+        }
+    }
+    return -1;
+}
+
+int registeredFont(const QList<FontItem*>& fonts, const QByteArray& bytes) {
+    const int forgotten = forgottenFont(fonts, bytes);
+    if (forgotten != -1) {
+        return forgotten;
+    }
+    const int id = QFontDatabase::addApplicationFontFromData(bytes);
+    if (id != -1 && VelnorXml::embeddedFontKeepFlag) {
+        keptFonts().insert(id, {bytes, QFontDatabase::applicationFontFamilies(id)});
+    }
+    return id;
+}
+
 // From memory: Qt would map the file, and a file that is replaced or cut short later would end the
 // host's process.
 void registerFont(QList<FontItem*>& fonts, const QFileInfo& info, int size) {
@@ -36,7 +78,7 @@ void registerFont(QList<FontItem*>& fonts, const QFileInfo& info, int size) {
     if (!file.openUpTo(velnor::MaximumFontFileSize)) {
         return;
     }
-    const int id = QFontDatabase::addApplicationFontFromData(file.readAll());
+    const int id = registeredFont(fonts, file.readAll());
     if (id != -1) {
         fonts.append(std::make_unique<FontItem>(info.fileName(), id, size).release());
     }
@@ -87,6 +129,7 @@ void VelnorXml::removeEmbeddedFonts() {
         const std::unique_ptr<const FontItem> font(embeddedFontIdList->takeLast());
         if (font->id != -1 && fontsCanBeRemoved) {
             QFontDatabase::removeApplicationFont(font->id);
+            keptFonts().remove(font->id);
         }
     }
     if (fontsCanBeRemoved) {

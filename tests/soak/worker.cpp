@@ -91,8 +91,8 @@ const Document& Worker::chooseDocument() {
 Handler Worker::makeHandler(const Document& document) {
     const bool wide = random.oneIn(2);
     const Alone alone(host.handlers);
-    // Kept fonts come from one folder: those of another are registered once more each time that
-    // their folder returns.
+    // Kept fonts come from one folder: those of a second one would stay registered for good, and
+    // could not be told from a leak.
     const std::string fonts = host.keepsFonts ? VELNOR_TEST_FONTS : document.fonts;
     Handler handler = fonts.empty() && document.images.empty() && random.oneIn(2)
                           ? makeHandlerBesideItsFiles(document, wide)

@@ -113,7 +113,7 @@ class ParametersTest(HostTest):
             pairs = [("label.caption", value)]
             path = self.write("values.xml", parameters_of(pairs))
             self.assertEqual(layout.list_parameters(path), pairs)
-        pairs = [(f"label.x{number}", str(number)) for number in range(3000)]
+        pairs = [(f"label.x{number}", str(number)) for number in range(2000)]
         self.assertEqual(
             layout.list_parameters(self.write("values.xml", parameters_of(pairs))), pairs
         )
