@@ -6,6 +6,7 @@
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
 #include "files/descriptors.h"
+#include "render/blank_surface.h"
 #include "render/picture_file.h"
 
 #include <QFont>
@@ -67,7 +68,7 @@ std::unique_ptr<QGuiApplication> makeApplication() {
 // Qt makes these at their first use, under locks that it does not let go where memory runs out.
 void makeWhatQtMakesAtFirstUse() {
     QGuiApplication::font();
-    velnor::encodePicture(QImage(1, 1, QImage::Format_Mono), "png");
+    velnor::encodePicture(velnor::makeBlankSurface(1, 1), "png");
 }
 
 std::unique_ptr<QGuiApplication> makeCompleteApplication() {
