@@ -89,6 +89,7 @@ void runOwnApplication() {
     QCoreApplication::exec();
     const velnor::ApplicationChange change;
     application.reset();
+    VelnorXml::forgetEmbeddedFonts();
 }
 
 } // namespace

@@ -136,3 +136,11 @@ void VelnorXml::removeEmbeddedFonts() {
         QFont::cleanup();
     }
 }
+
+void VelnorXml::forgetEmbeddedFonts() {
+    keptFonts().clear();
+    if (embeddedFontIdList != nullptr) {
+        qDeleteAll(*embeddedFontIdList);
+        embeddedFontIdList->clear();
+    }
+}

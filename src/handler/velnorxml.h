@@ -29,6 +29,8 @@ public:
     // handler/embedded_fonts.cpp
     void addEmbeddedFonts();
     static void removeEmbeddedFonts();
+    // The application that the fonts were registered with has ended, and they with it.
+    static void forgetEmbeddedFonts();
 
     VELNOR_EXPORTED static bool embeddedFontKeepFlag;
     VELNOR_EXPORTED static QList<FontItem*>* embeddedFontIdList;

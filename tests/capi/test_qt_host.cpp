@@ -263,3 +263,17 @@ CASE(a_handler_outlives_the_application) {
     CHECK_INT(200, drawnWidth(handler));
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
+
+CASE(kept_fonts_are_there_in_every_life_of_the_application) {
+    xmlToImgSetEmbeddedFontKeepFlag(1);
+    for (int life = 0; life < Rounds; ++life) {
+        std::thread starter(xmlToImgInitializeQtNoReturn);
+        waitForInitialized(1);
+        void* handler = xmlToImgCreateHandlerWithDirs("page.xml", "", VELNOR_TEST_FONTS);
+        int bold = 9;
+        int italic = 9;
+        CHECK_INT(0, xmlToImgGetFontProperty(handler, "Liberation Mono", &bold, &italic));
+        CHECK_INT(0, xmlToImgFreeHandler(handler));
+        quitApplication(starter);
+    }
+}
