@@ -9,9 +9,10 @@
 
 namespace velnor {
 
-// While this lives, the calling thread cannot be cancelled, rounds to nearest and raises no signal
-// for a floating-point exception, nor for a file beyond the host's limit, such as fontconfig's. Then it has its own state again, and a cancellation that came
-// meanwhile takes effect at its next cancellation point.
+// While this lives, the calling thread cannot be cancelled, rounds to nearest, and raises no signal
+// for a floating-point exception nor for a file beyond the host's limit, such as fontconfig's. Then
+// it has its own state again, and a cancellation that came meanwhile takes effect at its next
+// cancellation point.
 class HostState {
 public:
     HostState();
