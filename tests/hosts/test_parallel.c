@@ -74,14 +74,19 @@ static void prepareWorker(Worker* worker, int number, const Sample* samples) {
     }
 }
 
-CASE(images_drawn_by_four_threads_are_those_of_one) {
-    static Worker workers[Threads];
+/* With handlers of their own, whose fonts are kept. */
+static void prepareWorkers(Worker workers[Threads]) {
     startLibrary();
     const Sample* samples = drawSamples();
     CHECK_INT(1, xmlToImgSetEmbeddedFontKeepFlag(1));
     for (int i = 0; i < Threads; ++i) {
         prepareWorker(&workers[i], i, samples);
     }
+}
+
+CASE(images_drawn_by_four_threads_are_those_of_one) {
+    static Worker workers[Threads];
+    prepareWorkers(workers);
     for (int i = 0; i < Threads; ++i) {
         CHECK(pthread_create(&workers[i].thread, NULL, drawShare, &workers[i]) == 0);
     }
@@ -160,12 +165,7 @@ static void* useDictionaries(void* given) {
 
 CASE(some_threads_ask_while_others_draw) {
     static Worker workers[Threads];
-    startLibrary();
-    const Sample* samples = drawSamples();
-    CHECK_INT(1, xmlToImgSetEmbeddedFontKeepFlag(1));
-    for (int i = 0; i < Threads; ++i) {
-        prepareWorker(&workers[i], i, samples);
-    }
+    prepareWorkers(workers);
     for (int i = 0; i < Threads; ++i) {
         void* (*work)(void*) = i % 2 == 0 ? useDictionaries : drawShare;
         CHECK(pthread_create(&workers[i].thread, NULL, work, &workers[i]) == 0);
