@@ -14,3 +14,8 @@ void velnor::requireMemory(qint64 bytes) {
     }
     munmap(memory, size);
 }
+
+void velnor::requireMemoryForDots(qint64 dots) {
+    constexpr qint64 BytesPerDot = 4;
+    requireMemory(dots * BytesPerDot);
+}

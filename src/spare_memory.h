@@ -13,6 +13,9 @@ constexpr qint64 SpareMemory = 16LL * 1024 * 1024;
 // Throws std::bad_alloc where the process could not have so many bytes and the spare ones more.
 void requireMemory(qint64 bytes);
 
+// The same for a picture of so many dots of 32 bits.
+void requireMemoryForDots(qint64 dots);
+
 } // namespace velnor
 
 #endif

@@ -5,12 +5,6 @@
 
 #include <new>
 
-namespace {
-
-constexpr qint64 BytesPerDot = 4;
-
-} // namespace
-
 bool velnor::isSurfaceSize(int width, int height) {
     return width > 0 && height > 0 && static_cast<qint64>(width) * height <= MaximumSurfaceDots;
 }
@@ -20,7 +14,7 @@ QImage velnor::makeBlankSurface(int width, int height) {
         return {};
     }
     // Not through a painter, which reaches no further than 32,767 dots.
-    requireMemory(static_cast<qint64>(width) * height * BytesPerDot);
+    requireMemoryForDots(static_cast<qint64>(width) * height);
     QImage surface(width, height, QImage::Format_ARGB32_Premultiplied);
     if (surface.isNull()) {
         throw std::bad_alloc();

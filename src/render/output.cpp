@@ -92,7 +92,7 @@ QImage VelnorImage::keptPicture(int dpi) const {
     if (!velnor::isSurfaceSize(image->width(), height)) {
         return {};
     }
-    velnor::requireMemory(static_cast<qint64>(image->bytesPerLine()) * height);
+    velnor::requireMemoryForDots(static_cast<qint64>(image->width()) * height);
     QImage kept = image->copy(0, 0, image->width(), height);
     if (kept.isNull()) {
         throw std::bad_alloc();

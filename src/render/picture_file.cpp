@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr qint64 BytesPerDot = 4;
-
 // Qt converts larger pictures on threads that it starts and that stay in the host's process.
 constexpr qsizetype ConvertedAtOnce = 64LL * 1024; // bytes
 
@@ -93,7 +91,7 @@ QImage velnor::loadPicture(const QString& path) {
     if (size.isEmpty()) {
         return {};
     }
-    requireMemory(dotsOf(size) * BytesPerDot);
+    requireMemoryForDots(dotsOf(size));
     // Readers of files that end too early leave the rest of the dots as they are.
     QImage picture;
     if (reader.imageFormat() != QImage::Format_Invalid) {
