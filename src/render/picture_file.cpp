@@ -53,6 +53,19 @@ QSize announcedSize(const QImageReader& reader) {
     return {announced.width(), static_cast<int>(height)};
 }
 
+// Qt looks a dot's colour up without asking whether the file's table reaches so far.
+void completeColourTable(QImage& picture) {
+    const int depth = picture.depth();
+    if (depth > 8 || picture.pixelFormat().colorModel() != QPixelFormat::Indexed) {
+        return;
+    }
+    QVector<QRgb> colours = picture.colorTable();
+    while (colours.size() < 1 << depth) {
+        colours.append(qRgb(255, 255, 255));
+    }
+    picture.setColorTable(colours);
+}
+
 struct WrittenFormat {
     const char* name;
     QImage::Format dots;
@@ -101,6 +114,7 @@ QImage velnor::loadPicture(const QString& path) {
     if (!reader.read(&picture)) {
         return {};
     }
+    completeColourTable(picture);
     // Qt takes "@2x" in a file's name for a picture of half as many dots.
     picture.setDevicePixelRatio(1.0);
     return picture;

@@ -116,6 +116,25 @@ TEST_F(PictureFile, OfTheBmpFormatThatEndsTooEarlyIsWhiteBehindItsEnd) {
     EXPECT_TRUE(samePicture(cut.copy(0, 50, 90, 40), picture.copy(0, 50, 90, 40)));
 }
 
+// Qt would look the others up in memory behind the table.
+TEST_F(PictureFile, HasWhiteForColoursBeyondItsTable) {
+    constexpr int ColoursUsed = 46; // where a BMP file tells
+    QImage picture(4, 4, QImage::Format_Indexed8);
+    picture.setColorTable({qRgb(255, 0, 0), qRgb(0, 0, 255)});
+    picture.fill(1);
+    for (int y = 0; y < picture.height(); ++y) {
+        picture.scanLine(y)[2] = 255;
+    }
+    QByteArray bytes = velnor::encodePicture(picture, "bmp");
+    bytes.replace(ColoursUsed, 4, QByteArray("\2\0\0\0", 4));
+    const QString file = folder.write(QStringLiteral("p.bmp"), bytes);
+    EXPECT_EQ(velnor::loadPicture(file).colorCount(), 256);
+    VelnorImage surface(4, 4);
+    surface.DrawOverlayImage(file, 0, 0, 100, 100, -1, -1, 0, 0);
+    EXPECT_EQ(surface.picture()->pixel(1, 1), qRgb(0, 0, 255));
+    EXPECT_EQ(surface.picture()->pixel(2, 1), qRgb(255, 255, 255));
+}
+
 // A BMP file of 24 bits whose rows come from the top.
 QByteArray topDownBitmap(qint32 width, qint32 height, const QByteArray& dots) {
     constexpr qint32 HeaderSize = 54;
