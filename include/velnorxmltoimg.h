@@ -323,8 +323,7 @@ VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFileUnicode(void* handler,
  * folder that takes no new file is written in place.
  *
  * path:   the output file in UTF-8, ended by a zero byte; not null. Its suffix chooses the format:
- *         ".png" gives PNG. While a barcode is drawn, a file of that name with ".BARCODE.PNG" added
- *         exists beside it; it is gone when the call returns.
+ *         ".png" gives PNG.
  * Result: 0 for every handler, whether or not a picture was written: a document that cannot be read
  *         and a file that cannot be written give 0 as well, so look for the file. -1 for a null
  *         handler and where memory runs out; nothing is written then.

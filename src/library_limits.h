@@ -40,6 +40,9 @@ constexpr int MaximumBarcodeData = 128 * 1024;
 constexpr qint64 MaximumPictureDots = 64LL * 1000 * 1000;
 constexpr qint64 MaximumPictureFileSize = 256LL * 1024 * 1024;
 
+// Bytes of pictures that are kept from measuring to drawing. Those beyond are decoded twice.
+constexpr qint64 MaximumKeptPictures = 64LL * 1024 * 1024;
+
 // What is counted in a picture file before it is decoded: scans of a JPEG, of which each takes the
 // time of a picture; compressed texts of a PNG, of which each takes 12 MB, and all of its chunks.
 constexpr int MaximumPictureScans = 100;

@@ -60,11 +60,6 @@ QByteArray behindLinks(const QByteArray& path) {
     return target ? QByteArray(target.get()) : path;
 }
 
-bool writeAndClose(OpenFile& file, const QByteArray& bytes) {
-    const bool written = velnor::writeQuietly(file.number(), bytes);
-    return file.close() && written;
-}
-
 // A device or a pipe is opened only where somebody takes what is written to it.
 bool writeInPlace(const QByteArray& path, const QByteArray& bytes) {
     OpenFile file(path, O_CREAT | O_TRUNC | O_NONBLOCK);
@@ -168,21 +163,4 @@ bool velnor::writeOutputFile(const QString& path, const QByteArray& bytes) {
     const Replacing replacing = replaceFile(file, bytes);
     return replacing == Replacing::Done ||
            (replacing == Replacing::Impossible && writeInPlace(file, bytes));
-}
-
-bool velnor::writeNewFile(const QString& path, const QByteArray& bytes) {
-    if (bytes.isEmpty() || !canBeNamed(path)) {
-        return false;
-    }
-    const QByteArray name = QFile::encodeName(path);
-    unlink(name.constData());
-    OpenFile file(name, O_CREAT | O_EXCL | O_NOFOLLOW);
-    if (!file.isOpen()) {
-        return false;
-    }
-    const bool written = writeAndClose(file, bytes);
-    if (!written) {
-        unlink(name.constData());
-    }
-    return written;
 }

@@ -17,10 +17,6 @@ namespace velnor {
 // host for a pipe that nobody reads or a file that would grow beyond the host's limit.
 bool writeOutputFile(const QString& path, const QByteArray& bytes);
 
-// The same for a file of the library's own, whose name can be foretold: what is there is removed
-// and never written to.
-bool writeNewFile(const QString& path, const QByteArray& bytes);
-
 } // namespace velnor
 
 #endif

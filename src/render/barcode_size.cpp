@@ -1,7 +1,8 @@
 // Filling an item's box with a symbol as far as whole module multiples allow.
 #include "document/dots.h"
-#include "render/picture_file.h"
 #include "render/velnorbarcode.h"
+
+#include <QImage>
 
 #include <algorithm>
 
@@ -51,18 +52,18 @@ Fit fitFixedHeight(const QSize& box, const QSize& smallest) {
 
 int VelnorBarcode::CreateBarcode(int type, int hrt, const char* data, int inputmode,
                                  const char* primary, int option1, int option2, int option3,
-                                 const char* file, int width, int height) {
+                                 QImage* picture, int width, int height) {
     int doubledWidth = 0;
     int doubledHeight = 0;
     const auto encode = [&](const Fit& fit) {
         return CreateBaseBarcode(type, hrt, data, inputmode, primary, option1, option2, option3,
-                                 file, &doubledWidth, &doubledHeight, fit.barHeight, fit.scale);
+                                 picture, &doubledWidth, &doubledHeight, fit.barHeight, fit.scale);
     };
     const int smallestResult = encode({DefaultBarHeight, SmallestScale});
     if (smallestResult != 0 || (width < 1 && height < 1)) {
         return smallestResult;
     }
-    const QSize smallest = velnor::loadPicture(QString::fromUtf8(file)).size();
+    const QSize smallest = picture->size();
     if (smallest.isEmpty()) {
         return -1;
     }

@@ -1,9 +1,7 @@
-// One encoding: a zint symbol is set up, encoded and written as a picture.
+// One encoding: a zint symbol is set up, encoded and drawn.
 #include "document/codes.h"
-#include "files/output_file.h"
 #include "library_limits.h"
 #include "render/drawable_symbol.h"
-#include "render/picture_file.h"
 #include "render/velnorbarcode.h"
 #include "spare_memory.h"
 
@@ -65,16 +63,20 @@ bool draw(zint_symbol& symbol) {
 QImage toPicture(const zint_symbol& symbol) {
     const QImage dots(symbol.bitmap, symbol.bitmap_width, symbol.bitmap_height,
                       symbol.bitmap_width * 3, QImage::Format_RGB888);
-    return dots.convertToFormat(symbol.symbology == BARCODE_ULTRA ? QImage::Format_Indexed8
-                                                                  : QImage::Format_Mono,
-                                Qt::MonoOnly | Qt::ThresholdDither);
+    QImage picture = dots.convertToFormat(
+        symbol.symbology == BARCODE_ULTRA ? QImage::Format_Indexed8 : QImage::Format_Mono,
+        Qt::MonoOnly | Qt::ThresholdDither);
+    if (picture.isNull() && !dots.isNull()) {
+        throw std::bad_alloc();
+    }
+    return picture;
 }
 
 } // namespace
 
 int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int inputmode,
                                      const char* primary, int option1, int option2, int option3,
-                                     const char* file, int* doubledWidth, int* doubledHeight,
+                                     QImage* picture, int* doubledWidth, int* doubledHeight,
                                      int barHeight, float scale) {
     const SymbolPointer symbol(ZBarcode_Create());
     const size_t length = data == nullptr ? 0 : std::strlen(data);
@@ -97,11 +99,10 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
 
     const int encoded = escape_char_process(
         symbol.get(), reinterpret_cast<const unsigned char*>(data), static_cast<int>(length));
-    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) || !draw(*symbol) ||
-        !velnor::writeNewFile(QString::fromUtf8(file),
-                              velnor::encodePicture(toPicture(*symbol), "png"))) {
+    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) || !draw(*symbol)) {
         return Refused;
     }
+    *picture = toPicture(*symbol);
     *doubledWidth = symbol->width * 2;
     *doubledHeight = static_cast<int>(symbol->height * 2);
     return 0;

@@ -55,20 +55,29 @@ int VelnorImage::DrawOverlayImage(const QString& path, int x, int y, int scalex,
     if (!canBeDrawnOn() || !QFile::exists(path)) {
         return -1;
     }
-    QImage source = velnor::loadPicture(path);
+    return DrawOverlayPicture(velnor::loadPicture(path), x, y, scalex, scaley, width, height,
+                              rotation, aspect);
+}
+
+int VelnorImage::DrawOverlayPicture(QImage picture, int x, int y, int scalex, int scaley, int width,
+                                    int height, int rotation, int aspect) {
+    if (!canBeDrawnOn()) {
+        return -1;
+    }
     QTransform transform;
     const bool natural = rotation == 0 && scalex == NaturalPercent && scaley == NaturalPercent &&
                          width == -1 && height == -1;
     if (!natural) {
         double factorX = 1.0;
         double factorY = 1.0;
-        FixImageScaling(&source, scalex, scaley, width, height, &factorX, &factorY, aspect);
+        FixImageScaling(&picture, scalex, scaley, width, height, &factorX, &factorY, aspect);
         transform = TransformScaleRotate(x, y, factorX, factorY, rotation);
     }
-    SurfacePainter painter(*image);
-    painter.setTransform(transform);
-    painter.drawImage(x, y, source);
-    painter.end();
-    recordCoverage(QRectF(x, y, source.width(), source.height()), transform);
+    if (painting == Painting::Everything) {
+        SurfacePainter painter(*image);
+        painter.setTransform(transform);
+        painter.drawImage(x, y, picture);
+    }
+    recordCoverage(QRectF(x, y, picture.width(), picture.height()), transform);
     return 0;
 }

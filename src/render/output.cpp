@@ -3,6 +3,7 @@
 #include "files/output_file.h"
 #include "render/blank_surface.h"
 #include "render/picture_file.h"
+#include "render/sheet.h"
 #include "render/velnorimage.h"
 #include "spare_memory.h"
 
@@ -84,20 +85,33 @@ QImage VelnorImage::ApplyMarginsToImage(const QImage& source, int left, int top,
     return framed;
 }
 
-QImage VelnorImage::keptPicture(int dpi) const {
+int VelnorImage::keptRows(int dpi) const {
+    return cropAtCurrentY ? addRollMargin(currentY, dpi) : image->height();
+}
+
+QImage VelnorImage::keptPicture(int rows) const {
     if (!cropAtCurrentY) {
         return *image;
     }
-    const int height = addRollMargin(currentY, dpi);
-    if (!velnor::isSurfaceSize(image->width(), height)) {
+    if (!velnor::isSurfaceSize(image->width(), rows)) {
         return {};
     }
-    velnor::requireMemoryForDots(static_cast<qint64>(image->width()) * height);
-    QImage kept = image->copy(0, 0, image->width(), height);
+    velnor::requireMemoryForDots(static_cast<qint64>(image->width()) * rows);
+    QImage kept = image->copy(0, 0, image->width(), rows);
     if (kept.isNull()) {
         throw std::bad_alloc();
     }
     return kept;
+}
+
+QImage VelnorImage::finishedPicture(int dpi, int left, int top, int right, int bottom) const {
+    const int rows = keptRows(dpi);
+    // Nothing is copied where the margins surround the surface already.
+    QImage picture = sheet && sheet->canFrame({left, top, right, bottom}, rows)
+                         ? sheet->framed(rows)
+                         : ApplyMarginsToImage(keptPicture(rows), left, top, right, bottom);
+    setResolution(picture, dpi);
+    return picture;
 }
 
 int VelnorImage::SaveImage(const char* fileName, int dpi, int left, int top, int right,
@@ -105,9 +119,7 @@ int VelnorImage::SaveImage(const char* fileName, int dpi, int left, int top, int
     if (!image) {
         return NoSurface;
     }
-    QImage framed = ApplyMarginsToImage(keptPicture(dpi), left, top, right, bottom);
-    setResolution(framed, dpi);
-    return write(framed, QString::fromUtf8(fileName));
+    return write(finishedPicture(dpi, left, top, right, bottom), QString::fromUtf8(fileName));
 }
 
 int VelnorImage::SaveImageBmp(const char* fileName, int dpi, int left, int top, int right,
@@ -115,8 +127,7 @@ int VelnorImage::SaveImageBmp(const char* fileName, int dpi, int left, int top, 
     if (!image) {
         return NoSurface;
     }
-    const QImage framed = ApplyMarginsToImage(keptPicture(dpi), left, top, right, bottom);
-    QImage dithered = framed.convertToFormat(QImage::Format_Mono, Qt::OrderedDither);
-    setResolution(dithered, dpi);
-    return write(dithered, withBmpSuffix(QString::fromUtf8(fileName)));
+    const QImage framed = finishedPicture(dpi, left, top, right, bottom);
+    return write(framed.convertToFormat(QImage::Format_Mono, Qt::OrderedDither),
+                 withBmpSuffix(QString::fromUtf8(fileName)));
 }

@@ -3,6 +3,7 @@
 #include "files/input_file.h"
 #include "library_limits.h"
 #include "render/picture_scan.h"
+#include "render/vector_registers.h"
 #include "spare_memory.h"
 
 #include <QBuffer>
@@ -122,6 +123,7 @@ QImage velnor::loadPicture(const QString& path) {
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
     requireMemory(0);
+    clearUpperVectorRegisters();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) ||

@@ -25,12 +25,13 @@ int VelnorImage::drawShape(const QRectF& box, int rotation, int thickness, int s
     }
     const QTransform transform =
         rotationAbout(static_cast<int>(box.x()), static_cast<int>(box.y()), rotation);
-    SurfacePainter painter(*image);
-    painter.setTransform(transform);
-    painter.setRenderHint(QPainter::Antialiasing, antialias);
-    painter.setPen(outlinePen(thickness, style));
-    draw(painter);
-    painter.end();
+    if (painting == Painting::Everything) {
+        SurfacePainter painter(*image);
+        painter.setTransform(transform);
+        painter.setRenderHint(QPainter::Antialiasing, antialias);
+        painter.setPen(outlinePen(thickness, style));
+        draw(painter);
+    }
     recordCoverage(box, transform);
     return 0;
 }

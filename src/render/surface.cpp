@@ -1,11 +1,19 @@
 #include "document/dots.h"
 #include "render/blank_surface.h"
 #include "render/picture_file.h"
+#include "render/sheet.h"
 #include "render/velnorimage.h"
+
+#include <utility>
 
 namespace {
 
 constexpr int DotsPerMetreAt96Dpi = 3780;
+
+void setSurfaceResolution(QImage& surface) {
+    surface.setDotsPerMeterX(DotsPerMetreAt96Dpi);
+    surface.setDotsPerMeterY(DotsPerMetreAt96Dpi);
+}
 
 } // namespace
 
@@ -13,12 +21,17 @@ VelnorImage::VelnorImage(int width, int height) {
     CreateBaseEmptyImage(width, height);
 }
 
+VelnorImage::VelnorImage(std::shared_ptr<velnor::Sheet> drawnSheet, Painting what)
+    : painting(what), sheet(std::move(drawnSheet)),
+      image(std::make_unique<QImage>(sheet->surface())) {
+    setSurfaceResolution(*image);
+}
+
 VelnorImage::~VelnorImage() = default;
 
 int VelnorImage::CreateBaseEmptyImage(int width, int height) {
     image = std::make_unique<QImage>(velnor::makeBlankSurface(width, height));
-    image->setDotsPerMeterX(DotsPerMetreAt96Dpi);
-    image->setDotsPerMeterY(DotsPerMetreAt96Dpi);
+    setSurfaceResolution(*image);
     return 0;
 }
 

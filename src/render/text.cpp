@@ -3,6 +3,7 @@
 #include "document/dots.h"
 #include "library_limits.h"
 #include "render/gui_application.h"
+#include "render/large_letters.h"
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
 
@@ -20,6 +21,11 @@ struct TextLayout {
     double endless;
 };
 
+void drawLetters(QPainter& painter, const QRectF& box, int flags, const QString& text) {
+    velnor::prepareLargeLetters(painter.font(), text);
+    painter.drawText(box, flags, text);
+}
+
 // Each layout draws the text and gives the box that it drew in.
 
 QRectF drawUnbounded(QPainter& painter, const TextLayout& layout) {
@@ -27,7 +33,7 @@ QRectF drawUnbounded(QPainter& painter, const TextLayout& layout) {
     const QRectF room(layout.box.x(), layout.box.y(), layout.endless, painter.font().pointSize());
     const QSizeF measured = painter.boundingRect(room, flags, layout.text).size();
     const QRectF box(room.topLeft(), measured);
-    painter.drawText(box, flags, layout.text);
+    drawLetters(painter, box, flags, layout.text);
     return box;
 }
 
@@ -38,13 +44,13 @@ QRectF drawLineBounded(QPainter& painter, const TextLayout& layout) {
     box.setHeight(painter.boundingRect(box, flags, layout.text).height());
     VelnorImage::adaptFontSize(&painter, flags, box, layout.text, painter.font());
     box.setHeight(painter.boundingRect(box, flags, layout.text).height());
-    painter.drawText(box, flags, layout.text);
+    drawLetters(painter, box, flags, layout.text);
     return box;
 }
 
 QRectF drawRectangleBounded(QPainter& painter, const TextLayout& layout) {
     VelnorImage::adaptFontSize(&painter, layout.flags, layout.box, layout.text, painter.font());
-    painter.drawText(layout.box, layout.flags, layout.text);
+    drawLetters(painter, layout.box, layout.flags, layout.text);
     return layout.box;
 }
 

@@ -1,24 +1,26 @@
-// The stateless driver of zint: one barcode item becomes one PNG file.
+// The stateless driver of zint: one barcode item becomes one picture.
 #ifndef VELNOR_RENDER_VELNORBARCODE_H
 #define VELNOR_RENDER_VELNORBARCODE_H
 
+class QImage;
 struct zint_symbol;
 
 class VelnorBarcode {
 public:
     VelnorBarcode() = default;
 
-    // render/barcode_size.cpp: writes the symbol as large as whole module multiples allow in a box
-    // of width x height dots (below 1: not given). 0 written, -1 refused or not writable.
+    // render/barcode_size.cpp: makes the symbol as large as whole module multiples allow in a box
+    // of width x height dots (below 1: not given). 0 made, -1 refused; where only the size that
+    // fits the box was refused, the picture is the smallest one all the same.
     int CreateBarcode(int type, int hrt, const char* data, int inputmode, const char* primary,
-                      int option1, int option2, int option3, const char* file, int width,
+                      int option1, int option2, int option3, QImage* picture, int width,
                       int height);
 
-    // render/barcode_symbol.cpp: one encoding, written to `file`. Reports the symbol's size in
-    // half modules. A bar height of -1 and a scale of 0.0 mean zint's defaults.
+    // render/barcode_symbol.cpp: one encoding. Reports the picture, where one was made, and the
+    // symbol's size in half modules. A bar height of -1 and a scale of 0.0 mean zint's defaults.
     int CreateBaseBarcode(int type, int hrt, const char* data, int inputmode, const char* primary,
-                          int option1, int option2, int option3, const char* file,
-                          int* doubledWidth, int* doubledHeight, int barHeight, float scale);
+                          int option1, int option2, int option3, QImage* picture, int* doubledWidth,
+                          int* doubledHeight, int barHeight, float scale);
 
     // render/barcode_data.cpp
     bool VariableHeightAvailable(int symbology);

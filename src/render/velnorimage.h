@@ -17,10 +17,19 @@ class QPainter;
 class VelnorDrawableCanvas;
 class VelnorDrawableElement;
 
+namespace velnor {
+class Sheet;
+}
+
 class VelnorImage {
 public:
+    // Measuring needs texts alone: Qt's cache of letters must hold the same letters after it,
+    // whatever the process drew before. What other items cover is known without painting them.
+    enum class Painting { Everything, TextsAlone };
+
     // render/surface.cpp
     VelnorImage(int width, int height);
+    VelnorImage(std::shared_ptr<velnor::Sheet> drawnSheet, Painting what);
     ~VelnorImage();
     VelnorImage(const VelnorImage&) = delete;
     VelnorImage& operator=(const VelnorImage&) = delete;
@@ -30,9 +39,12 @@ public:
     void SetCropAtCurrentY(bool crop);
     int getCurrentY() const;
     void setCurrentY(int y);
+    bool canBeDrawnOn() const;
 
-    // render/output.cpp: both save operations give -1 when the file was written and 0 when the
-    // writer failed.
+    // render/output.cpp
+    // The picture as a file holds it: cropped, in its margins, with the resolution.
+    QImage finishedPicture(int dpi, int left, int top, int right, int bottom) const;
+    // Both save operations give -1 when the file was written and 0 when the writer failed.
     static int addRollMargin(int y, int dpi);
     static QImage ApplyMarginsToImage(const QImage& source, int left, int top, int right,
                                       int bottom);
@@ -67,6 +79,8 @@ public:
     // render/images.cpp
     int DrawOverlayImage(const QString& path, int x, int y, int scalex, int scaley, int width,
                          int height, int rotation, int aspect);
+    int DrawOverlayPicture(QImage picture, int x, int y, int scalex, int scaley, int width,
+                           int height, int rotation, int aspect);
     static void FixImageScaling(QImage* image, int scalex, int scaley, int width, int height,
                                 double* factorX, double* factorY, int aspect);
 
@@ -103,7 +117,6 @@ public:
 
 private:
     // render/surface.cpp
-    bool canBeDrawnOn() const;
     void recordCoverage(const QRectF& box, const QTransform& transform);
 
     // render/transform.cpp
@@ -111,13 +124,16 @@ private:
     static QTransform rotationAbout(int x, int y, int rotation);
 
     // render/output.cpp
-    QImage keptPicture(int dpi) const;
+    int keptRows(int dpi) const;
+    QImage keptPicture(int rows) const;
 
     // render/shapes.cpp
     template <typename Draw>
     int drawShape(const QRectF& box, int rotation, int thickness, int style, bool antialias,
                   Draw draw);
 
+    Painting painting = Painting::Everything;
+    std::shared_ptr<velnor::Sheet> sheet; // null for a surface without one
     bool cropAtCurrentY = false;
     std::unique_ptr<QImage> image;
     std::unique_ptr<QFont> font;

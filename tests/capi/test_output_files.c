@@ -130,6 +130,17 @@ CASE(paths_longer_than_255_bytes_hold_barcodes) {
     CHECK_TEXT("ticket.png\n", listTree(folder));
 }
 
+CASE(names_of_every_length_that_a_file_may_have_hold_barcodes) {
+    startLibrary();
+    const char* document = writeLayout("page.xml", EVERYTHING);
+    render(document, "short.png");
+    for (int length = 240; length <= 255; ++length) {
+        const char* output = textOf("%0*d.png", length - 4, 0);
+        render(document, output);
+        CHECK(sameContent("short.png", output));
+    }
+}
+
 /* The path of an output file, in a folder of its own, that is `length` bytes long. */
 static const char* outputOfLength(size_t length) {
     const size_t left = length - strlen(scratchFolder()) - strlen("//.png");
@@ -153,7 +164,7 @@ CASE(paths_of_every_length_around_255_bytes_give_the_same_picture) {
     CHECK(strstr(listTree("."), "BARCODE") == NULL);
 }
 
-/* Document, picture folder, output and barcode scratch file all have names outside ASCII. */
+/* Document, picture folder and output all have names outside ASCII. */
 static void namesOutsideAsciiWork(const char* ofEnvironment, const char* ofHost) {
     setenv("LC_ALL", ofEnvironment, 1);
     setenv("LANG", ofEnvironment, 1);

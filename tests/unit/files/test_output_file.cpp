@@ -146,25 +146,4 @@ TEST_F(OutputFile, NeedsAFolderAndAName) {
     EXPECT_TRUE(folder.files().isEmpty());
 }
 
-TEST_F(OutputFile, ThatIsNewReplacesWhatIsThere) {
-    const QString victim = folder.write(QStringLiteral("victim"), "safe");
-    ASSERT_TRUE(QFile::link(victim, name()));
-    EXPECT_TRUE(velnor::writeNewFile(name(), Bytes));
-    EXPECT_EQ(contentOf(victim), "safe");
-    EXPECT_FALSE(S_ISLNK(statusOf(name()).st_mode));
-    EXPECT_EQ(contentOf(name()), Bytes);
-}
-
-TEST_F(OutputFile, ThatIsNewLeavesNoPartOfItself) {
-    const FileSizeLimit limit(4096);
-    EXPECT_FALSE(velnor::writeNewFile(name(), QByteArray(100000, 'x')));
-    EXPECT_TRUE(folder.files().isEmpty());
-}
-
-TEST_F(OutputFile, ThatIsNewNeedsBytesAndAFolder) {
-    EXPECT_FALSE(velnor::writeNewFile(name(), QByteArray()));
-    EXPECT_FALSE(velnor::writeNewFile(folder.path(QStringLiteral("none/out.png")), Bytes));
-    EXPECT_TRUE(folder.files().isEmpty());
-}
-
 } // namespace

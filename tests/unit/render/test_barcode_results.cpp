@@ -1,30 +1,12 @@
 #include "document/codes.h"
 #include "render/velnorbarcode.h"
-#include "support/qt_messages.h"
 #include "support/rows.h"
 #include "support/same_picture.h"
-#include "support/scratch_folder.h"
 #include "support/zint_pictures.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <atomic>
-#include <thread>
 
 namespace {
 
 constexpr int NoOption = velnor::BarcodeOptionNotGiven;
-
-int createCode128(const QByteArray& path, int width = -1, int height = -1) {
-    return VelnorBarcode().CreateBarcode(BARCODE_CODE128, 0, "Ticket 4711", UNICODE_MODE, "",
-                                         NoOption, NoOption, NoOption, path.constData(), width,
-                                         height);
-}
 
 struct ResultRow : Row {
     int type;
@@ -44,16 +26,15 @@ TEST_P(BarcodeResult, IsSuccessWhereTheSymbolIsComplete) {
     request.option1 = row.option1 == NoOption ? request.option1 : row.option1;
     ASSERT_EQ(zintResult(request), row.zintResult);
 
-    const ScratchFolder folder;
-    const QString path = folder.path(QStringLiteral("symbol.PNG"));
+    QImage made;
     EXPECT_EQ(VelnorBarcode().CreateBarcode(row.type, 0, row.data.constData(), UNICODE_MODE,
-                                            nullptr, row.option1, NoOption, NoOption,
-                                            path.toUtf8().constData(), -1, -1),
+                                            nullptr, row.option1, NoOption, NoOption, &made, -1,
+                                            -1),
               row.expected);
     if (row.expected == 0) {
-        EXPECT_TRUE(samePicture(QImage(path), zintPicture(request)));
+        EXPECT_TRUE(samePicture(made, zintPicture(request)));
     } else {
-        EXPECT_EQ(folder.files(), QStringList());
+        EXPECT_TRUE(made.isNull());
     }
 }
 
@@ -107,106 +88,5 @@ INSTANTIATE_TEST_SUITE_P(
         ResultRow{{"TypeFarBeyondTheLast"}, 99999, "A", NoOption, ZINT_WARN_INVALID_OPTION, -1},
         ResultRow{{"TypeThatZintKnowsBeyondThoseThatValidationAccepts"}, 143, "A", NoOption, 0, 0}),
     RuleAsName());
-
-class BarcodeFile : public testing::Test {
-protected:
-    QByteArray utf8() const { return path().toUtf8(); }
-    QString path() const { return folder.path(QStringLiteral("symbol.PNG")); }
-    void expectSymbolAt(const QString& file) const {
-        EXPECT_TRUE(samePicture(QImage(file), zintPicture(ZintRequest())));
-    }
-
-    ScratchFolder folder;
-};
-
-TEST_F(BarcodeFile, ReplacesAnOldFile) {
-    folder.write(QStringLiteral("symbol.PNG"), QByteArray(100000, 'x'));
-    EXPECT_EQ(createCode128(utf8()), 0);
-    expectSymbolAt(path());
-}
-
-TEST_F(BarcodeFile, IsNeverWrittenThroughALinkPlantedBefore) {
-    const QString victim = folder.write(QStringLiteral("victim"), "precious");
-    ASSERT_TRUE(QFile::link(victim, path()));
-    EXPECT_EQ(createCode128(utf8(), 400, 200), 0);
-    QFile file(victim);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll().toStdString(), "precious");
-    EXPECT_FALSE(QFileInfo(path()).isSymLink());
-}
-
-TEST_F(BarcodeFile, IsNeverMadeBehindALinkToNothing) {
-    ASSERT_TRUE(QFile::link(folder.path(QStringLiteral("elsewhere")), path()));
-    EXPECT_EQ(createCode128(utf8()), 0);
-    EXPECT_FALSE(QFile::exists(folder.path(QStringLiteral("elsewhere"))));
-    expectSymbolAt(path());
-}
-
-// Somebody who watches plants the link again whenever it was removed.
-TEST_F(BarcodeFile, IsNeverWrittenThroughALinkPlantedAtTheLastMoment) {
-    constexpr int Attempts = 500;
-    const QString victim = folder.write(QStringLiteral("victim"), "precious");
-    const QByteArray victimPath = QFile::encodeName(victim);
-    const QByteArray linkPath = QFile::encodeName(path());
-    std::atomic<bool> planting{true};
-    std::thread planter([&] {
-        while (planting) {
-            static_cast<void>(symlink(victimPath.constData(), linkPath.constData()) == 0);
-        }
-    });
-    for (int i = 0; i < Attempts; ++i) {
-        createCode128(utf8());
-    }
-    planting = false;
-    planter.join();
-    QFile file(victim);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll().toStdString(), "precious");
-}
-
-TEST_F(BarcodeFile, IsNotWaitedForWhereAPipeWasPlanted) {
-    ASSERT_EQ(mkfifo(QFile::encodeName(path()).constData(), S_IRUSR | S_IWUSR), 0);
-    EXPECT_EQ(createCode128(utf8()), 0);
-    expectSymbolAt(path());
-}
-
-TEST_F(BarcodeFile, IsRefusedWhereADirectoryStands) {
-    ASSERT_TRUE(QDir().mkpath(path()));
-    const QtMessages messages;
-    EXPECT_EQ(createCode128(utf8()), -1);
-    EXPECT_TRUE(QFileInfo(path()).isDir());
-    EXPECT_EQ(messages.heard(), "");
-}
-
-TEST_F(BarcodeFile, IsRefusedInAFolderThatDoesNotExist) {
-    const QtMessages messages;
-    EXPECT_EQ(createCode128(folder.utf8Path(QStringLiteral("none/symbol.PNG"))), -1);
-    EXPECT_EQ(messages.heard(), "");
-}
-
-TEST_F(BarcodeFile, IsRefusedInAFolderThatNobodyCanWriteTo) {
-    const QtMessages messages;
-    EXPECT_EQ(createCode128("/proc/symbol.PNG"), -1);
-    EXPECT_EQ(messages.heard(), "");
-}
-
-// zint's own buffer for a path holds 255 bytes: what is cut there is another file.
-TEST_F(BarcodeFile, OfAVeryLongPathIsWrittenThereAndNowhereElse) {
-    QString longFolder;
-    while (longFolder.size() < 600) {
-        longFolder += QString(100, QLatin1Char('d')) + QLatin1Char('/');
-    }
-    ASSERT_TRUE(QDir().mkpath(folder.path(longFolder)));
-    const QString file = folder.path(longFolder + QLatin1String("symbol.PNG"));
-    EXPECT_EQ(createCode128(file.toUtf8(), 300, 100), 0);
-    EXPECT_FALSE(QImage(file).isNull());
-    EXPECT_EQ(folder.files(), QStringList());
-}
-
-TEST_F(BarcodeFile, OfANameInUtf8IsWrittenThere) {
-    const QString file = folder.path(QStringLiteral("\u00fc.PNG"));
-    EXPECT_EQ(createCode128(file.toUtf8()), 0);
-    EXPECT_TRUE(QFile::exists(file));
-}
 
 } // namespace

@@ -80,12 +80,12 @@ void drawText(VelnorImage& surface, const ScratchFolder&, QPoint at, int rotatio
                                        Qt::AlignRight | Qt::AlignBottom, rotation);
 }
 
-void drawBarcode(VelnorImage& surface, const ScratchFolder& folder, QPoint at, int rotation) {
+void drawBarcode(VelnorImage& surface, const ScratchFolder&, QPoint at, int rotation) {
     const int absent = velnor::BarcodeOptionNotGiven;
-    const QString file = folder.path(QStringLiteral("expected.PNG"));
+    QImage symbol;
     VelnorBarcode().CreateBarcode(BARCODE_CODE128, 1, "\xc3\xbc\\t7", UNICODE_MODE, "", absent,
-                                  absent, absent, file.toUtf8().constData(), 170, 60);
-    surface.DrawOverlayImage(file, at.x(), at.y(), 100, 100, -1, -1, rotation, 0);
+                                  absent, absent, &symbol, 170, 60);
+    surface.DrawOverlayPicture(symbol, at.x(), at.y(), 100, 100, -1, -1, rotation, 0);
 }
 
 void drawRectangle(VelnorImage& surface, const ScratchFolder&, QPoint at, int rotation) {

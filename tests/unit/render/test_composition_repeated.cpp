@@ -6,6 +6,8 @@
 #include "support/text_fonts.h"
 #include "support/zint_pictures.h"
 
+#include <random>
+
 namespace {
 
 struct TextRow : Row {
@@ -66,5 +68,55 @@ INSTANTIATE_TEST_SUITE_P(Composition, RepeatedComposition,
                                          TextRow{{"TurnedText"}, 12, 33, 0},
                                          TextRow{{"LargeTurnedText"}, 40, 33, Qt::AlignCenter}),
                          RuleAsName());
+
+// Large letters beside small ones of the same face, some of which move into their cells.
+class LargeLetters : public Composition {
+protected:
+    LargeLetters() { registerTextFonts(); }
+
+    static void addText(VelnorDrawableCanvas& ticket, std::mt19937& random, int fontsize) {
+        const auto upTo = [&random](unsigned count) { return static_cast<int>(random() % count); };
+        auto& text = addItem<VelnorDrawableText>(ticket, upTo(50), upTo(300), -1, -1);
+        const QStringList words = {QStringLiteral("Ticket 4711"), QStringLiteral("WAVE To"),
+                                   QStringLiteral("Quay 7"), QStringLiteral("minimum")};
+        text.text = words[upTo(4)];
+        text.fontname = textFamily();
+        text.fontsize = fontsize;
+        text.antialias = true;
+        text.column = upTo(3);
+        text.anchor = velnor::AnchorTop | velnor::AnchorHorizontalCentre;
+        if (upTo(2) == 0) {
+            text.width = 150 + upTo(250);
+            text.flags = Qt::AlignHCenter;
+        }
+    }
+    static CanvasPointer ticket(unsigned seed) {
+        std::mt19937 random(seed);
+        auto ticket = makeCanvas(900, 500, 203);
+        setColumns(*ticket, {{velnor::ProportionalLength, 2},
+                             {velnor::ProportionalLength, 1},
+                             {velnor::AbsoluteLength, 33}});
+        for (const int fontsize : {7, 36, 9, 11, 44, 13}) {
+            addText(*ticket, random, fontsize);
+        }
+        return ticket;
+    }
+    QByteArray bytesOfTicket(unsigned seed) const {
+        compose(*ticket(seed));
+        return outputBytes();
+    }
+};
+
+TEST_F(LargeLetters, AreTheSameWhateverSmallLettersWereDrawnBefore) {
+    constexpr unsigned Tickets = 30;
+    std::vector<QByteArray> first;
+    for (unsigned seed = 0; seed < Tickets; ++seed) {
+        first.push_back(bytesOfTicket(seed));
+    }
+    for (unsigned i = 0; i < 2 * Tickets; ++i) {
+        const unsigned seed = i * 7 % Tickets;
+        EXPECT_TRUE(bytesOfTicket(seed) == first[seed]) << seed;
+    }
+}
 
 } // namespace
