@@ -110,6 +110,8 @@ QImage VelnorImage::finishedPicture(int dpi, int left, int top, int right, int b
     QImage picture = sheet && sheet->canFrame({left, top, right, bottom}, rows)
                          ? sheet->framed(rows)
                          : ApplyMarginsToImage(keptPicture(rows), left, top, right, bottom);
+    // Every dot is opaque or clear, and the same in either format; writers take this one as it is.
+    picture.reinterpretAsFormat(QImage::Format_ARGB32);
     setResolution(picture, dpi);
     return picture;
 }

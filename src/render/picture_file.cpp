@@ -3,6 +3,7 @@
 #include "files/input_file.h"
 #include "library_limits.h"
 #include "render/picture_scan.h"
+#include "render/png_encoding.h"
 #include "render/vector_registers.h"
 #include "spare_memory.h"
 
@@ -67,6 +68,8 @@ void completeColourTable(QImage& picture) {
     picture.setColorTable(colours);
 }
 
+constexpr int DepthOfSurfaces = 32;
+
 struct WrittenFormat {
     const char* name;
     QImage::Format dots;
@@ -84,8 +87,8 @@ QImage asWriterTakesIt(const QImage& picture, const QByteArray& format) {
     const auto* found =
         std::find_if(std::begin(WrittenFormats), std::end(WrittenFormats),
                      [&name](const WrittenFormat& row) { return name == row.name; });
-    const bool asItIs = found == std::end(WrittenFormats) ||
-                        picture.format() != QImage::Format_ARGB32_Premultiplied;
+    const bool asItIs = found == std::end(WrittenFormats) || picture.format() == found->dots ||
+                        picture.depth() != DepthOfSurfaces;
     return asItIs ? picture : convertByRows(picture, found->dots);
 }
 
@@ -124,6 +127,9 @@ QImage velnor::loadPicture(const QString& path) {
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
     requireMemory(0);
     clearUpperVectorRegisters();
+    if (picture.format() == QImage::Format_ARGB32 && format.toLower() == "png") {
+        return encodePng(picture);
+    }
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (picture.isNull() || !buffer.open(QIODevice::WriteOnly) ||
