@@ -37,8 +37,8 @@ static void* runQt(void* unused) {
 /* The library draws inside a Qt application. It lives on a thread of its own, since it does not
  * return. */
 static bool startQt(void) {
-    enum { TRIES = 1000 };
-    const struct timespec pause = {.tv_sec = 0, .tv_nsec = 10L * 1000 * 1000};
+    enum { TRIES = 10000 };
+    const struct timespec pause = {.tv_sec = 0, .tv_nsec = 1000L * 1000};
     pthread_t thread;
     if (pthread_create(&thread, NULL, runQt, NULL) != 0) {
         return false;

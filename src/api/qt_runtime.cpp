@@ -10,6 +10,7 @@
 #include "render/picture_file.h"
 
 #include <QFont>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QTextCodec>
 
@@ -67,8 +68,16 @@ std::unique_ptr<QGuiApplication> makeApplication() {
 
 // Qt makes these at their first use, under locks that it does not let go where memory runs out.
 void makeWhatQtMakesAtFirstUse() {
+    velnor::requireMemory(0);
     QGuiApplication::font();
+    QFontDatabase().families();
     velnor::encodePicture(velnor::makeBlankSurface(1, 1), "png");
+}
+
+// Tells the hosts before all is made: the pause that they make then is time to make it.
+void tellStarted(bool started) {
+    VelnorQtStartedAsNonGuiApp = started ? 1 : 0;
+    qtStarted = started ? 1 : 0;
 }
 
 std::unique_ptr<QGuiApplication> makeCompleteApplication() {
@@ -77,15 +86,19 @@ std::unique_ptr<QGuiApplication> makeCompleteApplication() {
     qtStarted = 0;
     velnor::ensureThreadHasDispatcher();
     auto application = makeApplication();
-    makeWhatQtMakesAtFirstUse();
+    tellStarted(true);
+    try {
+        makeWhatQtMakesAtFirstUse();
+    } catch (...) {
+        tellStarted(false);
+        throw;
+    }
     return application;
 }
 
 void runOwnApplication() {
     velnor::requireMemory(0);
     auto application = makeCompleteApplication();
-    VelnorQtStartedAsNonGuiApp = 1;
-    qtStarted = 1;
     QCoreApplication::exec();
     const velnor::ApplicationChange change;
     application.reset();
@@ -116,6 +129,7 @@ int xmlToImgQtInitialized() {
         return 0;
     }
     usleep(StartUpPause);
+    const velnor::CallInFlight untilAllIsMade;
     return 1;
 }
 
