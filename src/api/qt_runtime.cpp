@@ -128,6 +128,7 @@ int xmlToImgQtInitialized() {
     if (QCoreApplication::instance() == nullptr || qtStarted == 0) {
         return 0;
     }
+    const velnor::HostState state;
     usleep(StartUpPause);
     const velnor::CallInFlight untilAllIsMade;
     return 1;

@@ -5,17 +5,31 @@
 #include <QTextLayout>
 #include <QTransform>
 
+#include <atomic>
+
 namespace {
 
 constexpr double DotsPerPoint = 96.0 / 72.0;
 constexpr double SmallestPath = 64.0 - 1.0; // dots, less a rounding
 
-// Qt's cache has no place for letters under a projection: this one is loaded for certain, and leaves
-// nothing behind.
+// Another one each time: Qt keeps the letters of the last ten.
+QTransform newTransform() {
+    constexpr unsigned Steps = 65536; // what the font library tells apart
+    static std::atomic<unsigned> calls{0};
+    const unsigned call = ++calls;
+    return {1,
+            static_cast<double>(call % Steps) / Steps,
+            static_cast<double>(call / Steps) / Steps,
+            1,
+            0,
+            0};
+}
+
+// A letter under a transform that it was never loaded under is loaded for certain, and leaves nothing
+// in the face.
 void loadOneLetter(const QRawFont& face) {
-    const QTransform projection(1, 0, 0, 0, 1, 0, 0, 0, 2);
     const auto space = face.glyphIndexesForString(QStringLiteral(" "));
-    face.alphaMapForGlyph(space.value(0), QRawFont::PixelAntialiasing, projection);
+    face.alphaMapForGlyph(space.value(0), QRawFont::PixelAntialiasing, newTransform());
 }
 
 } // namespace

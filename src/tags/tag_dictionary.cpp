@@ -32,6 +32,21 @@ bool growsBeyondDocument(const QString& line, const DictionaryItem& item) {
            sizeWith(line.count(item.key, Qt::CaseSensitive)) > velnor::MaximumDocumentSize;
 }
 
+// False where the line would grow beyond what a document may be.
+bool replaceTags(QString& line, const QList<DictionaryItem>& tags) {
+    // Every key is between percent signs.
+    if (!line.contains(QLatin1Char('%'))) {
+        return true;
+    }
+    for (const DictionaryItem& item : tags) {
+        if (growsBeyondDocument(line, item)) {
+            return false;
+        }
+        line.replace(item.key, item.value, Qt::CaseSensitive);
+    }
+    return true;
+}
+
 } // namespace
 
 QString VelnorXml::ReadXmlApplyTags() const {
@@ -44,11 +59,8 @@ QString VelnorXml::ReadXmlApplyTags() const {
     stream.setCodec("UTF-8");
     while (!stream.atEnd()) {
         QString line = stream.readLine();
-        for (const DictionaryItem& item : tagDictionary) {
-            if (growsBeyondDocument(line, item)) {
-                return {};
-            }
-            line.replace(item.key, item.value, Qt::CaseSensitive);
+        if (!replaceTags(line, tagDictionary)) {
+            return {};
         }
         if (result.size() + line.size() >= velnor::MaximumDocumentSize) {
             return {};
