@@ -9,6 +9,7 @@
  * Prints Markdown tables. Exit status: 0 whatever was measured, 1 where a picture is not its golden
  * file or something could not run.
  */
+#include "formats.h"
 #include "linearity.h"
 #include "peak_memory.h"
 #include "pictures.h"
@@ -34,6 +35,7 @@ constexpr int QuickRuns = 5;
 int measureAll(const bench::Scenarios& scenarios, const bench::Settings& settings,
                const std::string& targetsFile) {
     bench::registerPictures(scenarios, settings);
+    bench::registerFormats(scenarios, settings);
     bench::registerQueries(scenarios, settings);
     bench::registerStages(scenarios, settings);
     bench::registerLinearity(scenarios, settings);
@@ -41,6 +43,7 @@ int measureAll(const bench::Scenarios& scenarios, const bench::Settings& setting
     benchmark::RunSpecifiedBenchmarks(&results);
     bench::Targets targets;
     bench::printPictures(scenarios, results, targets);
+    bench::printFormats(results);
     bench::printQueries(results);
     bench::printStages(results);
     bench::printLinearity(results, targets);
