@@ -63,7 +63,8 @@ extern "C" {
 #endif
 
 /* 1 once the library has made the Qt application itself, else 0. Stays 1 after that application
- * has ended. */
+ * has ended. A host that cannot spare the pause of xmlToImgQtInitialized may wait for this instead,
+ * read with __atomic_load_n: calls that it makes then wait for what is still being loaded. */
 VELNORXMLTOIMG_API extern int VelnorQtStartedAsNonGuiApp;
 
 /* ---------------------------------------------------------------------------------- start-up */

@@ -35,17 +35,18 @@ static void* runQt(void* unused) {
 }
 
 /* The library draws inside a Qt application. It lives on a thread of its own, since it does not
- * return. */
+ * return. xmlToImgQtInitialized tells when it is there, but pauses for 10 ms first: a program that
+ * makes one picture looks for itself. */
 static bool startQt(void) {
-    enum { TRIES = 10000 };
-    const struct timespec pause = {.tv_sec = 0, .tv_nsec = 1000L * 1000};
+    enum { TRIES = 50000 };
+    const struct timespec pause = {.tv_sec = 0, .tv_nsec = 200L * 1000};
     pthread_t thread;
     if (pthread_create(&thread, NULL, runQt, NULL) != 0) {
         return false;
     }
     pthread_detach(thread);
     for (int tries = 0; tries < TRIES; ++tries) {
-        if (xmlToImgQtInitialized() == 1) {
+        if (__atomic_load_n(&VelnorQtStartedAsNonGuiApp, __ATOMIC_ACQUIRE) == 1) {
             return true;
         }
         nanosleep(&pause, NULL);

@@ -76,7 +76,7 @@ void makeWhatQtMakesAtFirstUse() {
 
 // Tells the hosts before all is made: the pause that they make then is time to make it.
 void tellStarted(bool started) {
-    VelnorQtStartedAsNonGuiApp = started ? 1 : 0;
+    __atomic_store_n(&VelnorQtStartedAsNonGuiApp, started ? 1 : 0, __ATOMIC_RELEASE);
     qtStarted = started ? 1 : 0;
 }
 

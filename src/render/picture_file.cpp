@@ -4,7 +4,6 @@
 #include "library_limits.h"
 #include "render/picture_scan.h"
 #include "render/png_encoding.h"
-#include "render/vector_registers.h"
 #include "spare_memory.h"
 
 #include <QBuffer>
@@ -126,7 +125,6 @@ QImage velnor::loadPicture(const QString& path) {
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {
     requireMemory(0);
-    clearUpperVectorRegisters();
     if (picture.format() == QImage::Format_ARGB32 && format.toLower() == "png") {
         return encodePng(picture);
     }

@@ -83,3 +83,23 @@ CASE(threads_that_ask_draw_as_soon_as_the_library_is_up_in_each_of_its_lives) {
         CHECK(endApplication(starter) == NULL);
     }
 }
+
+static void* useWhenMade(void* given) {
+    User* user = given;
+    while (__atomic_load_n(&VelnorQtStartedAsNonGuiApp, __ATOMIC_ACQUIRE) == 0) {
+    }
+    user->handler = handlerOf(TICKET);
+    CHECK_INT(0, xmlToImgCreateImage(user->handler, user->output));
+    CHECK_INT(0, xmlToImgFreeHandler(user->handler));
+    return NULL;
+}
+
+CASE(a_thread_may_draw_once_the_application_is_said_to_be_made) {
+    User user = {.output = pathOf("early.png")};
+    CHECK(pthread_create(&user.thread, NULL, useWhenMade, &user) == 0);
+    const pthread_t starter = startApplication();
+    CHECK(pthread_join(user.thread, NULL) == 0);
+    drawDocument(TICKET, "late.png");
+    CHECK(sameContent("early.png", "late.png"));
+    CHECK(endApplication(starter) == NULL);
+}
