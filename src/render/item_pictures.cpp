@@ -24,7 +24,7 @@ QImage velnor::ItemPictures::keptOrMade(QHash<Key, QImage>& kept, const Key& key
     if (found != kept.constEnd()) {
         return *found;
     }
-    const QImage picture = make();
+    QImage picture = make();
     if (keptBytes + picture.sizeInBytes() <= MaximumKeptPictures) {
         keptBytes += picture.sizeInBytes();
         kept.insert(key, picture);

@@ -17,12 +17,10 @@ QTransform newTransform() {
     constexpr unsigned Steps = 65536; // what the font library tells apart
     static std::atomic<unsigned> calls{0};
     const unsigned call = ++calls;
-    return {1,
-            static_cast<double>(call % Steps) / Steps,
-            static_cast<double>(call / Steps) / Steps,
-            1,
-            0,
-            0};
+    const unsigned turnover = call / Steps;
+    return {
+        1, static_cast<double>(call % Steps) / Steps, static_cast<double>(turnover) / Steps, 1, 0,
+        0};
 }
 
 // A letter under a transform that it was never loaded under is loaded for certain, and leaves nothing

@@ -114,6 +114,6 @@ QImage velnor::Sheet::view(int firstColumn, int firstRow, int columns, int rows)
     if (image.isNull()) {
         throw std::bad_alloc();
     }
-    owner.release();
+    static_cast<void>(owner.release());
     return image;
 }
