@@ -82,9 +82,10 @@ bool takeOwnerAndPermissions(const OpenFile& file, const struct stat& replaced) 
            fchmod(file.number(), replaced.st_mode & 07777U) == 0;
 }
 
-// An ordinary file of one name that the host may write, or nothing yet.
+// An ordinary file of one name that the host may write, or nothing yet. Of no name, where another
+// writer has just replaced it.
 bool canBeReplaced(const QByteArray& path, const std::optional<struct stat>& status) {
-    return !status || (S_ISREG(status->st_mode) && status->st_nlink == 1 &&
+    return !status || (S_ISREG(status->st_mode) && status->st_nlink <= 1 &&
                        faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0);
 }
 

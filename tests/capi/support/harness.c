@@ -4,6 +4,7 @@
 
 #include <signal.h>
 #include <stdarg.h>
+#include <stdatomic.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -18,7 +19,7 @@ typedef struct Block {
 } Block;
 
 static Case* firstCase;
-static Block* firstBlock;
+static _Atomic(Block*) firstBlock; /* threads of a case ask for memory too */
 static char folder[4096];
 static int failureOutput = STDERR_FILENO;
 
@@ -61,8 +62,9 @@ void* caseMemory(size_t size) {
     if (block == NULL) {
         failCase(__FILE__, __LINE__, "no memory for %zu bytes", size);
     }
-    block->next = firstBlock;
-    firstBlock = block;
+    block->next = atomic_load(&firstBlock);
+    while (!atomic_compare_exchange_weak(&firstBlock, &block->next, block)) {
+    }
     return block->content;
 }
 
