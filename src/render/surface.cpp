@@ -30,6 +30,7 @@ VelnorImage::VelnorImage(std::shared_ptr<velnor::Sheet> drawnSheet, Painting wha
 VelnorImage::~VelnorImage() = default;
 
 int VelnorImage::CreateBaseEmptyImage(int width, int height) {
+    sheet.reset();
     image = std::make_unique<QImage>(velnor::makeBlankSurface(width, height));
     setSurfaceResolution(*image);
     return 0;

@@ -1,3 +1,4 @@
+#include "render/sheet.h"
 #include "render/velnorimage.h"
 #include "support/picture_files.h"
 #include "support/qt_messages.h"
@@ -34,6 +35,14 @@ TEST(Surface, KeepsTheCurrentYThatItIsGiven) {
     EXPECT_EQ(surface.getCurrentY(), 4711);
     surface.setCurrentY(-5);
     EXPECT_EQ(surface.getCurrentY(), -5);
+}
+
+TEST(Surface, OfASheetIsReplacedByANewEmptyOneThatIsWritten) {
+    const auto sheet = std::make_shared<velnor::Sheet>(50, 50, velnor::Margins());
+    sheet->whiten(50);
+    VelnorImage surface(sheet, VelnorImage::Painting::Everything);
+    surface.CreateBaseEmptyImage(30, 20);
+    EXPECT_EQ(surface.finishedPicture(203, 0, 0, 0, 0).size(), QSize(30, 20));
 }
 
 TEST(Surface, IsReplacedByANewEmptyOne) {
