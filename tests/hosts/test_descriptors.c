@@ -2,6 +2,7 @@
 #include "support/application.h"
 #include "support/documents.h"
 #include "support/files.h"
+#include "support/forking.h"
 #include "support/harness.h"
 #include "support/host.h"
 #include "support/process.h"
@@ -97,15 +98,11 @@ CASE(standard_streams_may_be_replaced_while_the_application_runs) {
     CHECK(endApplication(starter) == NULL);
 }
 
-static void* drawUntilEnough(void* unused) {
-    while (!atomic_load(&enough)) {
-        drawDocument(TICKET, "again-and-again.png");
-    }
-    return unused;
-}
+static char known[MostDescriptors];
 
 /* Runs in the child of a fork, where little is allowed. */
-__attribute__((noreturn)) static void endUnlessInheritable(const char* known) {
+__attribute__((noreturn)) static void endUnlessInheritable(int unused) {
+    (void)unused;
     for (int descriptor = FirstOrdinary; descriptor < MostDescriptors; ++descriptor) {
         const int flags = fcntl(descriptor, F_GETFD);
         if (flags != -1 && (flags & FD_CLOEXEC) == 0 && !known[descriptor]) {
@@ -116,22 +113,11 @@ __attribute__((noreturn)) static void endUnlessInheritable(const char* known) {
 }
 
 CASE(no_open_file_of_the_library_reaches_a_program_that_the_host_executes) {
-    char known[MostDescriptors];
     for (int descriptor = 0; descriptor < MostDescriptors; ++descriptor) {
         known[descriptor] = (char)isOpen(descriptor);
     }
     startLibrary();
-    pthread_t drawing;
-    CHECK(pthread_create(&drawing, NULL, drawUntilEnough, NULL) == 0);
-    for (int i = 0; i < Forks; ++i) {
-        const pid_t child = fork();
-        if (child == 0) {
-            endUnlessInheritable(known);
-        }
-        checkChildSucceeds(child);
-    }
-    atomic_store(&enough, 1);
-    CHECK(pthread_join(drawing, NULL) == 0);
+    forkWhileDrawing("again-and-again.png", Forks, endUnlessInheritable);
 }
 
 CASE(drawing_leaves_no_file_open) {

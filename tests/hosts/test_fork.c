@@ -1,6 +1,7 @@
 /* Hosts that fork. */
 #include "support/documents.h"
 #include "support/files.h"
+#include "support/forking.h"
 #include "support/harness.h"
 #include "support/host.h"
 #include "support/process.h"
@@ -8,13 +9,10 @@
 #include <velnorxmltoimg.h>
 
 #include <pthread.h>
-#include <stdatomic.h>
 #include <stdlib.h>
 #include <unistd.h>
 
 enum { Forks = 200, Children = 5 };
-
-static atomic_int enough;
 
 static void inChild(void (*work)(void)) {
     const pid_t child = fork();
@@ -139,13 +137,6 @@ CASE(a_child_of_a_child_draws_the_same) {
     checkDraws(TICKET, "in-child.png");
 }
 
-static void* drawUntilEnough(void* unused) {
-    while (!atomic_load(&enough)) {
-        drawDocument(TICKET, "in-parent.png");
-    }
-    return unused;
-}
-
 static void leaveOrExecute(int number) {
     if (number % 2 == 0) {
         execl("/bin/true", "true", (char*)NULL);
@@ -155,16 +146,6 @@ static void leaveOrExecute(int number) {
 
 CASE(a_child_forked_while_a_thread_draws_may_execute_a_program_or_leave) {
     startLibrary();
-    pthread_t drawing;
-    CHECK(pthread_create(&drawing, NULL, drawUntilEnough, NULL) == 0);
-    for (int i = 0; i < Forks; ++i) {
-        const pid_t child = fork();
-        if (child == 0) {
-            leaveOrExecute(i);
-        }
-        checkChildSucceeds(child);
-    }
-    atomic_store(&enough, 1);
-    CHECK(pthread_join(drawing, NULL) == 0);
+    forkWhileDrawing("in-parent.png", Forks, leaveOrExecute);
     checkDraws(TICKET, "in-parent.png");
 }
