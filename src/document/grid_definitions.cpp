@@ -1,6 +1,7 @@
 #include "document/dom_values.h"
 #include "document/dots.h"
 #include "document/elements.h"
+#include "document/vocabulary.h"
 #include "handler/velnorxml.h"
 
 #include <QDomElement>
@@ -22,14 +23,14 @@ void readLength(const QString& text, VelnorRowColumn& entry) {
     }
 }
 
-void readDefinitions(const QDomElement& definitions, const QString& entryName,
-                     const QString& sizeName, std::unique_ptr<VelnorRowColumn[]>& entries,
-                     int& count) {
-    const QDomNodeList nodes = definitions.elementsByTagName(entryName);
+void readDefinitions(const QDomElement& definitions, const velnor::GridWords& words,
+                     std::unique_ptr<VelnorRowColumn[]>& entries, int& count) {
+    const QDomNodeList nodes = definitions.elementsByTagName(QLatin1String(words.entry));
     count = nodes.size();
     entries = std::make_unique<VelnorRowColumn[]>(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i) {
-        const QDomNode size = nodes.at(i).toElement().elementsByTagName(sizeName).at(0);
+        const QDomNode size =
+            nodes.at(i).toElement().elementsByTagName(QLatin1String(words.size)).at(0);
         if (!size.isNull()) {
             readLength(size.toElement().text(), entries[static_cast<size_t>(i)]);
         }
@@ -57,14 +58,12 @@ void setOffsets(VelnorRowColumn* entries, int count) {
 } // namespace
 
 void VelnorXml::parseRowDefinitions(const QDomElement& definitions, VelnorDrawableCanvas* canvas) {
-    readDefinitions(definitions, QStringLiteral("RowDefinition"), QStringLiteral("height"),
-                    canvas->rows, canvas->rowCount);
+    readDefinitions(definitions, velnor::RowWords, canvas->rows, canvas->rowCount);
 }
 
 void VelnorXml::parseColumnDefinitions(const QDomElement& definitions,
                                        VelnorDrawableCanvas* canvas) {
-    readDefinitions(definitions, QStringLiteral("ColumnDefinition"), QStringLiteral("width"),
-                    canvas->columns, canvas->columnCount);
+    readDefinitions(definitions, velnor::ColumnWords, canvas->columns, canvas->columnCount);
 }
 
 int VelnorXml::FixCanvasRow(VelnorDrawableCanvas* canvas) {

@@ -1,6 +1,7 @@
 #include "document/item_fields.h"
 
 #include "document/dom_values.h"
+#include "document/vocabulary.h"
 #include "handler/velnorxml.h"
 
 #include <QDomElement>
@@ -8,6 +9,7 @@
 using velnor::BarcodeOptionNotGiven;
 using velnor::NotGiven;
 using velnor::RotationNotANumber;
+using velnor::ValueKind;
 
 namespace {
 
@@ -27,7 +29,7 @@ struct Surroundings {
 // One row of a kind's table: an element name and what its text sets.
 template <typename Record>
 struct Field {
-    const char* elementName;
+    velnor::Word word;
     void (*set)(Record& record, const QString& text, const Surroundings& surroundings);
 };
 
@@ -79,65 +81,66 @@ void setInputMode(Barcode& barcode, const QString& text, const Surroundings&) {
 }
 
 constexpr Field<Element> PlacementFields[] = {
-    {"anchor", setInteger<Element, &Element::anchor, 0>},
-    {"vanchor", setVerticalAnchor},
-    {"hanchor", setHorizontalAnchor},
-    {"column", setColumn},
-    {"row", setRow},
-    {"rowspan", setInteger<Element, &Element::rowspan, 1>},
-    {"columnspan", setInteger<Element, &Element::columnspan, 1>},
-    {"hidden", setInteger<Element, &Element::hidden, 0>},
+    {{"anchor", ValueKind::Number}, setInteger<Element, &Element::anchor, 0>},
+    {{"vanchor", ValueKind::VerticalAnchor}, setVerticalAnchor},
+    {{"hanchor", ValueKind::HorizontalAnchor}, setHorizontalAnchor},
+    {{"column", ValueKind::Number}, setColumn},
+    {{"row", ValueKind::Number}, setRow},
+    {{"rowspan", ValueKind::Number}, setInteger<Element, &Element::rowspan, 1>},
+    {{"columnspan", ValueKind::Number}, setInteger<Element, &Element::columnspan, 1>},
+    {{"hidden", ValueKind::Number}, setInteger<Element, &Element::hidden, 0>},
 };
 
 constexpr Field<Image> ImageFields[] = {
-    {"scalex", setInteger<Image, &Image::scalex, NotGiven>},
-    {"scaley", setInteger<Image, &Image::scaley, NotGiven>},
-    {"rotation", setInteger<Image, &Image::rotation, RotationNotANumber>},
-    {"aspect", setInteger<Image, &Image::aspect, 0>},
-    {"filepath", setFilePath},
+    {{"scalex", ValueKind::Number}, setInteger<Image, &Image::scalex, NotGiven>},
+    {{"scaley", ValueKind::Number}, setInteger<Image, &Image::scaley, NotGiven>},
+    {{"rotation", ValueKind::Number}, setInteger<Image, &Image::rotation, RotationNotANumber>},
+    {{"aspect", ValueKind::Number}, setInteger<Image, &Image::aspect, 0>},
+    {{"filepath", ValueKind::Text}, setFilePath},
 };
 
 constexpr Field<Text> TextFields[] = {
-    {"rotation", setInteger<Text, &Text::rotation, RotationNotANumber>},
-    {"text", setText<Text, &Text::text>},
-    {"flags", setInteger<Text, &Text::flags, NotGiven>},
-    {"fontname", setText<Text, &Text::fontname>},
-    {"fontsize", setInteger<Text, &Text::fontsize, NotGiven>},
-    {"bold", setFlag<Text, &Text::bold, false>},
-    {"italic", setFlag<Text, &Text::italic, false>},
-    {"antialias", setFlag<Text, &Text::antialias, true>},
+    {{"rotation", ValueKind::Number}, setInteger<Text, &Text::rotation, RotationNotANumber>},
+    {{"text", ValueKind::Text}, setText<Text, &Text::text>},
+    {{"flags", ValueKind::Number}, setInteger<Text, &Text::flags, NotGiven>},
+    {{"fontname", ValueKind::Text}, setText<Text, &Text::fontname>},
+    {{"fontsize", ValueKind::Number}, setInteger<Text, &Text::fontsize, NotGiven>},
+    {{"bold", ValueKind::Number}, setFlag<Text, &Text::bold, false>},
+    {{"italic", ValueKind::Number}, setFlag<Text, &Text::italic, false>},
+    {{"antialias", ValueKind::Number}, setFlag<Text, &Text::antialias, true>},
 };
 
 constexpr Field<Barcode> BarcodeFields[] = {
-    {"type", setInteger<Barcode, &Barcode::barcodeType, 0>},
-    {"hrt", setInteger<Barcode, &Barcode::hrt, NotGiven>},
-    {"inputmode", setInputMode},
-    {"primary", setText<Barcode, &Barcode::primary>},
-    {"option1", setInteger<Barcode, &Barcode::option1, BarcodeOptionNotGiven>},
-    {"option2", setInteger<Barcode, &Barcode::option2, BarcodeOptionNotGiven>},
-    {"option3", setInteger<Barcode, &Barcode::option3, BarcodeOptionNotGiven>},
-    {"rotation", setInteger<Barcode, &Barcode::rotation, RotationNotANumber>},
-    {"text", setText<Barcode, &Barcode::text>},
+    {{"type", ValueKind::Number}, setInteger<Barcode, &Barcode::barcodeType, 0>},
+    {{"hrt", ValueKind::Number}, setInteger<Barcode, &Barcode::hrt, NotGiven>},
+    {{"inputmode", ValueKind::NumberUpTo2}, setInputMode},
+    {{"primary", ValueKind::Text}, setText<Barcode, &Barcode::primary>},
+    {{"option1", ValueKind::Number}, setInteger<Barcode, &Barcode::option1, BarcodeOptionNotGiven>},
+    {{"option2", ValueKind::Number}, setInteger<Barcode, &Barcode::option2, BarcodeOptionNotGiven>},
+    {{"option3", ValueKind::Number}, setInteger<Barcode, &Barcode::option3, BarcodeOptionNotGiven>},
+    {{"rotation", ValueKind::Number}, setInteger<Barcode, &Barcode::rotation, RotationNotANumber>},
+    {{"text", ValueKind::Text}, setText<Barcode, &Barcode::text>},
 };
 
 constexpr Field<Rectangle> RectangleFields[] = {
-    {"rotation", setInteger<Rectangle, &Rectangle::rotation, RotationNotANumber>},
-    {"thickness", setInteger<Rectangle, &Rectangle::thickness, 0>},
-    {"style", setInteger<Rectangle, &Rectangle::style, 0>},
-    {"radius", setInteger<Rectangle, &Rectangle::radius, 0>},
+    {{"rotation", ValueKind::Number},
+     setInteger<Rectangle, &Rectangle::rotation, RotationNotANumber>},
+    {{"thickness", ValueKind::Number}, setInteger<Rectangle, &Rectangle::thickness, 0>},
+    {{"style", ValueKind::Number}, setInteger<Rectangle, &Rectangle::style, 0>},
+    {{"radius", ValueKind::Number}, setInteger<Rectangle, &Rectangle::radius, 0>},
 };
 
 constexpr Field<Ellipse> EllipseFields[] = {
-    {"rotation", setInteger<Ellipse, &Ellipse::rotation, RotationNotANumber>},
-    {"thickness", setInteger<Ellipse, &Ellipse::thickness, 0>},
-    {"style", setInteger<Ellipse, &Ellipse::style, 0>},
+    {{"rotation", ValueKind::Number}, setInteger<Ellipse, &Ellipse::rotation, RotationNotANumber>},
+    {{"thickness", ValueKind::Number}, setInteger<Ellipse, &Ellipse::thickness, 0>},
+    {{"style", ValueKind::Number}, setInteger<Ellipse, &Ellipse::style, 0>},
 };
 
 constexpr Field<Line> LineFields[] = {
-    {"rotation", setInteger<Line, &Line::rotation, RotationNotANumber>},
-    {"thickness", setInteger<Line, &Line::thickness, 0>},
-    {"style", setInteger<Line, &Line::style, 0>},
-    {"length", setInteger<Line, &Line::length, NotGiven>},
+    {{"rotation", ValueKind::Number}, setInteger<Line, &Line::rotation, RotationNotANumber>},
+    {{"thickness", ValueKind::Number}, setInteger<Line, &Line::thickness, 0>},
+    {{"style", ValueKind::Number}, setInteger<Line, &Line::style, 0>},
+    {{"length", ValueKind::Number}, setInteger<Line, &Line::length, NotGiven>},
 };
 
 // True when a row of the table took the element.
@@ -146,7 +149,7 @@ bool apply(const Field<Record> (&fields)[Count], Record& record, const QDomEleme
            const Surroundings& surroundings) {
     const QString name = child.tagName();
     for (const Field<Record>& field : fields) {
-        if (name == QLatin1String(field.elementName)) {
+        if (name == QLatin1String(field.word.element)) {
             field.set(record, child.text(), surroundings);
             return true;
         }
@@ -176,6 +179,13 @@ const auto& fieldsOf(const Line&) {
 template <typename Record>
 velnor::ElementPointer make() {
     return velnor::ElementPointer(new Record);
+}
+
+template <typename Record, size_t Count>
+void append(velnor::Words& words, const Field<Record> (&fields)[Count]) {
+    for (const Field<Record>& field : fields) {
+        words.push_back(field.word);
+    }
 }
 
 struct ItemClass {
@@ -208,4 +218,23 @@ void velnor::applyItemField(VelnorDrawableElement& item, const VelnorDrawableCan
         visitItem(item,
                   [&](auto& record) { apply(fieldsOf(record), record, child, surroundings); });
     }
+}
+
+QStringList velnor::itemClasses() {
+    QStringList names;
+    for (const ItemClass& itemClass : ItemClasses) {
+        names.append(QLatin1String(itemClass.name));
+    }
+    return names;
+}
+
+velnor::Words velnor::itemWords(const QString& itemClass) {
+    const ElementPointer item = makeItem(itemClass);
+    if (!item) {
+        return {};
+    }
+    Words words = commonWords();
+    append(words, PlacementFields);
+    visitItem(*item, [&words](const auto& record) { append(words, fieldsOf(record)); });
+    return words;
 }

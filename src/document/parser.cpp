@@ -4,33 +4,64 @@
 #include "document/dom_values.h"
 #include "document/elements.h"
 #include "document/item_fields.h"
+#include "document/vocabulary.h"
 #include "handler/velnorxml.h"
 #include "library_limits.h"
 
 #include <QDomDocument>
+
+using velnor::ValueKind;
 
 namespace {
 
 constexpr int DefaultTextAntialiasing = 2;
 constexpr int DefaultShapeAntialiasing = 0;
 
+// One row of the canvas's table: an element and what its text sets.
+struct CanvasField {
+    velnor::Word word;
+    void (*set)(VelnorDrawableCanvas& canvas, const QDomElement& element);
+};
+
+void setDpi(VelnorDrawableCanvas& canvas, const QDomElement& element) {
+    canvas.dpi = velnor::integerOr(element.text(), velnor::DefaultDpi);
+}
+
+void setTextAntialiasing(VelnorDrawableCanvas& canvas, const QDomElement& element) {
+    canvas.antialiasText = velnor::integerInRangeOr(element.text(), 0, 2, DefaultTextAntialiasing);
+}
+
+void setShapeAntialiasing(VelnorDrawableCanvas& canvas, const QDomElement& element) {
+    canvas.antialiasShape =
+        velnor::integerInRangeOr(element.text(), 0, 2, DefaultShapeAntialiasing);
+}
+
+void setRows(VelnorDrawableCanvas& canvas, const QDomElement& element) {
+    VelnorXml::parseRowDefinitions(element, &canvas);
+}
+
+void setColumns(VelnorDrawableCanvas& canvas, const QDomElement& element) {
+    VelnorXml::parseColumnDefinitions(element, &canvas);
+}
+
+constexpr CanvasField CanvasFields[] = {
+    {{"dpi", ValueKind::Number}, setDpi},
+    {{"antialiasText", ValueKind::NumberUpTo2}, setTextAntialiasing},
+    {{"antialiasShape", ValueKind::NumberUpTo2}, setShapeAntialiasing},
+    {{velnor::RowWords.list, ValueKind::GridDefinitions}, setRows},
+    {{velnor::ColumnWords.list, ValueKind::GridDefinitions}, setColumns},
+};
+
 void applyCanvasField(VelnorDrawableCanvas& canvas, const QDomElement& child) {
     if (VelnorXml::parseCommonTagNam(&canvas, child)) {
         return;
     }
     const QString name = child.tagName();
-    if (name == QLatin1String("dpi")) {
-        canvas.dpi = velnor::integerOr(child.text(), velnor::DefaultDpi);
-    } else if (name == QLatin1String("antialiasText")) {
-        canvas.antialiasText =
-            velnor::integerInRangeOr(child.text(), 0, 2, DefaultTextAntialiasing);
-    } else if (name == QLatin1String("antialiasShape")) {
-        canvas.antialiasShape =
-            velnor::integerInRangeOr(child.text(), 0, 2, DefaultShapeAntialiasing);
-    } else if (name == QLatin1String("RowDefinitions")) {
-        VelnorXml::parseRowDefinitions(child, &canvas);
-    } else if (name == QLatin1String("ColumnDefinitions")) {
-        VelnorXml::parseColumnDefinitions(child, &canvas);
+    for (const CanvasField& field : CanvasFields) {
+        if (name == QLatin1String(field.word.element)) {
+            field.set(canvas, child);
+            return;
+        }
     }
 }
 
@@ -68,7 +99,7 @@ velnor::ElementPointer readItem(const QDomElement& element, const VelnorDrawable
 
 // All levels: an item inside another item is an item of its own.
 QDomNodeList itemElements(const QDomElement& itemList) {
-    return itemList.elementsByTagName(QStringLiteral("VelnorItem"));
+    return itemList.elementsByTagName(QLatin1String(velnor::ItemElement));
 }
 
 // An item's texts hold those of the items inside it, so that few items inside one another would hold
@@ -96,6 +127,15 @@ std::unique_ptr<velnor::ElementList> readItems(const QDomNodeList& elements,
 }
 
 } // namespace
+
+velnor::Words velnor::canvasWords() {
+    Words words = commonWords();
+    for (const CanvasField& field : CanvasFields) {
+        words.push_back(field.word);
+    }
+    words.insert(words.end(), {PresentationWord, EjectRetractWord, EjectRetractTimeoutWord});
+    return words;
+}
 
 int VelnorXml::Parse(VelnorDrawableCanvas** out) {
     if (out == nullptr) {

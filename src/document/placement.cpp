@@ -1,5 +1,6 @@
 #include "document/dom_values.h"
 #include "document/elements.h"
+#include "document/vocabulary.h"
 #include "handler/velnorxml.h"
 
 #include <QDomElement>
@@ -55,6 +56,8 @@ constexpr std::array<CommonField, 6> CommonFields = {{
     {"height", &VelnorDrawableElement::height, velnor::NotGiven},
 }};
 
+constexpr velnor::Word MarginWord{"margin", velnor::ValueKind::Margin};
+
 // 64 bits: the last index of a span that is near 2^31 does not fit in 32.
 int spanInside(int first, int span, int count) {
     const qint64 last = static_cast<qint64>(first) + span - 1;
@@ -71,11 +74,19 @@ bool VelnorXml::parseCommonTagNam(VelnorDrawableElement* element, const QDomElem
             return true;
         }
     }
-    if (name == QLatin1String("margin")) {
+    if (name == QLatin1String(MarginWord.element)) {
         parseMargin(child.text(), &element->x, &element->y, &element->xr, &element->yb);
         return true;
     }
     return false;
+}
+
+velnor::Words velnor::commonWords() {
+    Words words{MarginWord};
+    for (const CommonField& common : CommonFields) {
+        words.push_back({common.tagName, ValueKind::Number});
+    }
+    return words;
 }
 
 int VelnorXml::GetHAnchorValue(const QString& text, int fallback) {

@@ -12,9 +12,6 @@
 #include <algorithm>
 #include <memory>
 
-bool VelnorXml::embeddedFontKeepFlag = false;
-QList<FontItem*>* VelnorXml::embeddedFontIdList = nullptr;
-
 namespace {
 
 // Marks the record of a font file that is registered already. False when there is none.

@@ -2,6 +2,7 @@
 #include "document/canvas_element.h"
 #include "document/dom_loading.h"
 #include "document/dom_values.h"
+#include "document/vocabulary.h"
 #include "handler/velnorxml.h"
 
 #include <QDomDocument>
@@ -15,20 +16,12 @@ constexpr int Eject = 0;
 constexpr int Retract = 1;
 
 // The text of a property of the canvas; a null text when it has none.
-QString canvasProperty(VelnorXml& handler, const QString& classId, const char* property) {
-    const QByteArray key = classId.toUtf8() + '.' + property;
+QString canvasProperty(VelnorXml& handler, const QString& classId, const velnor::Word& word) {
+    const QByteArray key = classId.toUtf8() + '.' + word.element;
     std::array<char, 1024> value{};
     const int result = handler.GetObjectTagDictionary(key.constData(), value.data(),
                                                       static_cast<int>(value.size()), false);
     return result == 0 ? QString::fromUtf8(value.data()) : QString();
-}
-
-int ejectOrRetract(const QString& text) {
-    const QString word = text.toLower().trimmed();
-    if (word == QLatin1String("eject")) {
-        return Eject;
-    }
-    return word == QLatin1String("retract") ? Retract : NotGiven;
 }
 
 } // namespace
@@ -46,10 +39,19 @@ QString VelnorXml::GetClassId() const {
     return velnor::isCanvas(itemList) ? itemList.attribute(QStringLiteral("id"), none) : none;
 }
 
+int VelnorXml::GetEjectRetractValue(const QString& text, int fallback) {
+    const QString word = text.toLower().trimmed();
+    if (word == QLatin1String("eject")) {
+        return Eject;
+    }
+    return word == QLatin1String("retract") ? Retract : fallback;
+}
+
 int VelnorXml::GetPrinterSettings(int* presentation, int* ejectRetract, int* timeout) {
     const QString id = GetClassId();
-    *presentation = velnor::integerOr(canvasProperty(*this, id, "presentation"), NotGiven);
-    *ejectRetract = ejectOrRetract(canvasProperty(*this, id, "ejectRetract"));
-    *timeout = velnor::integerOr(canvasProperty(*this, id, "ejectRetractTimeout"), NotGiven);
+    const auto valueOf = [&](const velnor::Word& word) { return canvasProperty(*this, id, word); };
+    *presentation = velnor::integerOr(valueOf(velnor::PresentationWord), NotGiven);
+    *ejectRetract = GetEjectRetractValue(valueOf(velnor::EjectRetractWord), NotGiven);
+    *timeout = velnor::integerOr(valueOf(velnor::EjectRetractTimeoutWord), NotGiven);
     return 0;
 }

@@ -32,6 +32,7 @@ public:
     // The application that the fonts were registered with has ended, and they with it.
     static void forgetEmbeddedFonts();
 
+    // api/exported_variables.cpp
     VELNOR_EXPORTED static bool embeddedFontKeepFlag;
     VELNOR_EXPORTED static QList<FontItem*>* embeddedFontIdList;
 
@@ -42,6 +43,7 @@ public:
     // handler/printer_settings.cpp
     int GetPrinterSettings(int* presentation, int* ejectRetract, int* timeout);
     QString GetClassId() const;
+    static int GetEjectRetractValue(const QString& text, int fallback);
 
     // handler/font_queries.cpp
     static int GetFontProperty(const QString& family, int* bold, int* italic);
