@@ -31,6 +31,7 @@ public:
     int hidden = 0;     // exactly 1 hides the item
     int reachedY = -1;  // the renderer's lowest Y after it drew the item
     QRectF boundingBox; // what the measuring pass found the drawing to cover
+    QRectF drawnBox;    // what drawing it at its place covered
 };
 
 class VelnorDrawableImage : public VelnorDrawableElement {
@@ -58,6 +59,7 @@ public:
     bool bold = false;
     bool italic = false;
     bool antialias = false;
+    double drawnFontSize = 0; // points on paper, after shrinking
 };
 
 class VelnorDrawableBarcode : public VelnorDrawableElement {

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int Refused = -1;
+const QLatin1String BeyondLimits("the symbol is beyond the limits of the library");
 constexpr int InputModes = 5;
 
 struct SymbolDeleter {
@@ -81,6 +82,7 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
     const SymbolPointer symbol(ZBarcode_Create());
     const size_t length = data == nullptr ? 0 : std::strlen(data);
     if (!symbol || length > velnor::MaximumBarcodeData) {
+        refusalWords = BeyondLimits;
         return Refused;
     }
     symbol->symbology = type;
@@ -99,9 +101,15 @@ int VelnorBarcode::CreateBaseBarcode(int type, int hrt, const char* data, int in
 
     const int encoded = escape_char_process(
         symbol.get(), reinterpret_cast<const unsigned char*>(data), static_cast<int>(length));
-    if (!isComplete(encoded) || !velnor::isDrawable(*symbol) || !draw(*symbol)) {
+    const bool complete = isComplete(encoded);
+    if (!complete || !velnor::isDrawable(*symbol) || !draw(*symbol)) {
+        refusalWords = complete ? BeyondLimits : QString::fromUtf8(symbol->errtxt);
         return Refused;
     }
+    refusalWords.clear();
+    warningWords =
+        encoded == ZINT_WARN_NONCOMPLIANT ? QString::fromUtf8(symbol->errtxt) : QString();
+    drawnModule = velnor::dotsPerModule(*symbol);
     *picture = toPicture(*symbol);
     *doubledWidth = symbol->width * 2;
     *doubledHeight = static_cast<int>(symbol->height * 2);

@@ -84,6 +84,7 @@ int velnor::Composition::drawItems() {
     int lowest = 0;
     drawVisibleItems({*output, canvas, pictures}, [&](VelnorDrawableElement& item) {
         item.reachedY = output->getCurrentY();
+        item.drawnBox = output->lastBoundingRect();
         lowest = std::max(lowest, item.reachedY);
     });
     output->setCurrentY(lowest);

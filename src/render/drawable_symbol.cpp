@@ -51,10 +51,13 @@ bool addOnStaysInPicture(const zint_symbol& symbol) {
 
 } // namespace
 
+double velnor::dotsPerModule(const zint_symbol& symbol) {
+    return (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
+}
+
 double velnor::pictureDots(const zint_symbol& symbol) {
-    const double dotsPerModule =
-        (symbol.symbology == BARCODE_MAXICODE ? 10.0 : 2.0) * static_cast<double>(symbol.scale);
-    return symbol.width * dotsPerModule * symbol.height * dotsPerModule;
+    const double side = dotsPerModule(symbol);
+    return symbol.width * side * symbol.height * side;
 }
 
 bool velnor::isDrawable(const zint_symbol& symbol) {

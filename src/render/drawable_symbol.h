@@ -6,6 +6,9 @@ struct zint_symbol;
 
 namespace velnor {
 
+// The length of a module's side in the symbol's picture.
+double dotsPerModule(const zint_symbol& symbol);
+
 // The dots of the symbol's picture, up to quiet zones and text: known before zint allocates it.
 double pictureDots(const zint_symbol& symbol);
 

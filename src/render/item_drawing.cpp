@@ -21,11 +21,12 @@ void draw(const Pass& pass, const VelnorDrawableImage& item) {
     }
 }
 
-void draw(const Pass& pass, const VelnorDrawableText& item) {
+void draw(const Pass& pass, VelnorDrawableText& item) {
     pass.surface.SetFont(item.fontname, item.fontsize, pass.canvas.dpi, item.bold, item.italic,
                          VelnorImage::getAntialias(item.antialias, pass.canvas.antialiasText));
     pass.surface.DrawOverlayRectBoundedText(item.text, item.x, item.y, item.width, item.height,
                                             item.flags, angleOf(item.rotation));
+    item.drawnFontSize = VelnorImage::pointsOnPaper(pass.surface.lastTextSize(), pass.canvas.dpi);
 }
 
 void draw(const Pass& pass, const VelnorDrawableBarcode& item) {
@@ -56,6 +57,6 @@ void draw(const Pass& pass, const VelnorDrawableLine& item) {
 
 void velnor::drawItem(const Pass& pass, VelnorDrawableElement& item) {
     if (pass.surface.canBeDrawnOn()) {
-        visitItem(item, [&pass](const auto& record) { draw(pass, record); });
+        visitItem(item, [&pass](auto& record) { draw(pass, record); });
     }
 }

@@ -70,6 +70,10 @@ int VelnorImage::ConvertToPoints(int size, int dpi) {
     return velnor::roundToDots(static_cast<double>(size) * dpi / SurfaceDpi);
 }
 
+double VelnorImage::pointsOnPaper(double surfacePoints, int dpi) {
+    return dpi == 0 ? 0 : surfacePoints * SurfaceDpi / dpi;
+}
+
 int VelnorImage::SetFont(const QString& family, int size, int dpi, bool bold, bool italic,
                          bool antialias) {
     font.reset();
@@ -113,6 +117,7 @@ int VelnorImage::DrawOverlayTextGeneric(const QString& text, int x, int y, int r
     painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     const double endless = 1000.0 * qMax(image->width(), image->height());
     const QRectF drawn = drawInLayout(painter, {text, QRectF(x, y, width, height), flags, endless});
+    textSize = painter.font().pointSizeF();
     painter.end();
     recordCoverage(drawn, transform);
     return 0;

@@ -1,6 +1,8 @@
-// The stateless driver of zint: one barcode item becomes one picture.
+// The driver of zint: one barcode item becomes one picture.
 #ifndef VELNOR_RENDER_VELNORBARCODE_H
 #define VELNOR_RENDER_VELNORBARCODE_H
+
+#include <QString>
 
 class QImage;
 struct zint_symbol;
@@ -22,9 +24,23 @@ public:
                           int option1, int option2, int option3, QImage* picture, int* doubledWidth,
                           int* doubledHeight, int barHeight, float scale);
 
+    // Why the last encoding was refused, in zint's words where they are its; empty where it was not.
+    const QString& refusal() const { return refusalWords; }
+
+    // What zint says about the last picture that was made where its data go beside the standard.
+    const QString& warning() const { return warningWords; }
+
+    // The side of a module in the last picture that was made, in dots.
+    double moduleDots() const { return drawnModule; }
+
     // render/barcode_data.cpp
     bool VariableHeightAvailable(int symbology);
     int escape_char_process(zint_symbol* symbol, const unsigned char* data, int length);
+
+private:
+    QString refusalWords;
+    QString warningWords;
+    double drawnModule = 0;
 };
 
 #endif

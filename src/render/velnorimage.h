@@ -95,6 +95,7 @@ public:
     // render/text.cpp
     int SetFont(const QString& family, int size, int dpi, bool bold, bool italic, bool antialias);
     static int ConvertToPoints(int size, int dpi);
+    static double pointsOnPaper(double surfacePoints, int dpi);
     int DrawOverlayText(const QString& text, int x, int y, int rotation);
     int DrawOverlayLineBoundedText(const QString& text, int x, int y, int width, int flags,
                                    int rotation);
@@ -114,6 +115,8 @@ public:
     const QImage* picture() const { return image.get(); }
     const QFont* currentFont() const { return font.get(); }
     const QRectF& lastBoundingRect() const { return boundingRect; }
+    // In points of the surface.
+    double lastTextSize() const { return textSize; }
 
 private:
     // render/surface.cpp
@@ -139,6 +142,7 @@ private:
     std::unique_ptr<QFont> font;
     int currentY = 0;
     QRectF boundingRect;
+    double textSize = 0;
 };
 
 #endif

@@ -134,6 +134,7 @@ TEST_F(Composition, DrawsItemsWhereTheirCellsAndAnchorsPutThem) {
     const QImage picture = composed();
     EXPECT_EQ(item.x, 300 - 10 - 60);
     EXPECT_EQ(item.y, 200 - 20 - 40);
+    EXPECT_EQ(item.drawnBox, QRectF(item.x, item.y, 60, 40));
     EXPECT_EQ(inkOf(picture), QRect(item.x - 1, item.y - 1, 62, 42));
 }
 

@@ -235,4 +235,24 @@ TEST_F(Composition, GivesEachTextItsOwnFont) {
     EXPECT_TRUE(samePicture(picture, *surface.picture()));
 }
 
+TEST_F(Composition, RecordsTheSizeOnPaperThatATextWasDrawnIn) {
+    registerTextFonts();
+    canvas = makeCanvas(300, 300, 192);
+    addText(*canvas, folder, 0);
+    auto& text = static_cast<VelnorDrawableText&>(*canvas->items->front());
+    text.width = text.height = -1;
+    compose(*canvas);
+    EXPECT_EQ(text.drawnFontSize, 14);
+}
+
+TEST_F(Composition, RecordsTheSizeThatATextHasShrunkTo) {
+    registerTextFonts();
+    addText(*canvas, folder, 0);
+    auto& text = static_cast<VelnorDrawableText&>(*canvas->items->front());
+    text.width = 40;
+    compose(*canvas);
+    EXPECT_LT(text.drawnFontSize, 14);
+    EXPECT_GT(text.drawnFontSize, 2);
+}
+
 } // namespace
