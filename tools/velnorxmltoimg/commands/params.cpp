@@ -1,0 +1,68 @@
+#include "command.h"
+#include "json.h"
+#include "layout/document_file.h"
+#include "layout/param_list.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+struct Options {
+    std::string file;
+    bool json = false;
+};
+
+// One line a value, whatever it holds.
+std::string onOneLine(const std::string& value) {
+    std::string line;
+    for (const char character : value) {
+        switch (character) {
+        case '\n':
+            line += "\\n";
+            break;
+        case '\r':
+            line += "\\r";
+            break;
+        case '\t':
+            line += "\\t";
+            break;
+        case '\\':
+            line += "\\\\";
+            break;
+        default:
+            line += character;
+        }
+    }
+    return line;
+}
+
+tool::ExitCode showParams(const Options& options) {
+    tool::requireReadable(options.file);
+    for (const tool::Param& param : tool::readParams(options.file)) {
+        if (options.json) {
+            tool::printLine(std::cout, {{"name", param.name}, {"value", param.value}});
+        } else {
+            std::cout << param.name << '\t' << onOneLine(param.value) << '\n';
+        }
+    }
+    return tool::ExitCode::Done;
+}
+
+} // namespace
+
+void tool::addParams(CLI::App& app, Action& action) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand("params", "List the values of a parameter file");
+    command->add_option("FILE", options->file, "The parameter file")->required()->type_name("");
+    command->add_flag("--json", options->json, "As one JSON object a line");
+    command->footer(
+        "One value a line, its name (object.link) and the value with a tabulator between them.\n"
+        "Line feeds, tabulators and backslashes of a value are written \\n, \\t and \\\\.\n"
+        "\n"
+        "Example:\n"
+        "  velnorxmltoimg params guest.xml");
+    command->callback([&action, options] { action = [options] { return showParams(*options); }; });
+}
