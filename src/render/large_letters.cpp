@@ -12,6 +12,9 @@ namespace {
 constexpr double DotsPerPoint = 96.0 / 72.0;
 constexpr double SmallestPath = 64.0 - 1.0; // dots, less a rounding
 
+// Of a face without outlines. The pictures of a text's letters then take some megabytes.
+constexpr double LargestPicture = 512.0; // dots
+
 // Another one each time: Qt keeps the letters of the last ten.
 QTransform newTransform() {
     constexpr unsigned Steps = 65536; // what the font library tells apart
@@ -44,4 +47,9 @@ void velnor::prepareLargeLetters(const QFont& font, const QString& text) {
     for (const QGlyphRun& run : layout.glyphRuns()) {
         loadOneLetter(run.rawFont());
     }
+}
+
+bool velnor::areDrawable(const QFont& font) {
+    return font.pointSizeF() * DotsPerPoint <= LargestPicture ||
+           !QRawFont::fromFont(font).fontTable("head").isEmpty();
 }

@@ -14,6 +14,10 @@ namespace velnor {
 // nothing for small letters.
 void prepareLargeLetters(const QFont& font, const QString& text);
 
+// False for letters that Qt would draw from pictures of themselves of any size: those of a face without
+// outlines, such as the boxes that stand for letters where there is no font at all.
+bool areDrawable(const QFont& font);
+
 } // namespace velnor
 
 #endif

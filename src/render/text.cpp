@@ -22,8 +22,10 @@ struct TextLayout {
 };
 
 void drawLetters(QPainter& painter, const QRectF& box, int flags, const QString& text) {
-    velnor::prepareLargeLetters(painter.font(), text);
-    painter.drawText(box, flags, text);
+    if (velnor::areDrawable(painter.font())) {
+        velnor::prepareLargeLetters(painter.font(), text);
+        painter.drawText(box, flags, text);
+    }
 }
 
 // Each layout draws the text and gives the box that it drew in.

@@ -9,6 +9,8 @@
 
 #include <pthread.h>
 #include <string.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #define EVERYTHING CANVAS_OF(200, 100) BOX QR_CODE LABEL
 
@@ -53,6 +55,26 @@ CASE(a_document_without_root_or_canvas_succeeds_without_a_picture) {
         writeFile("class.xml", textOf("<VelnorRoot><VelnorItems class='page'>%s</VelnorItems>"
                                       "<VelnorItems class='canvas'>%s</VelnorItems></VelnorRoot>",
                                       size, size)));
+}
+
+CASE(a_text_beyond_any_paper_takes_no_memory_where_there_is_no_font) {
+    startLibrary();
+    const char* sizes[] = {"700", "8000", "24000", "32767", "2147483647"};
+    for (size_t i = 0; i < sizeof sizes / sizeof *sizes; ++i) {
+        const char* item =
+            textOf("<VelnorItem class='text' id='t'><text>Ticket</text>"
+                   "<fontname>Nowhere</fontname><fontsize>%s</fontsize></VelnorItem>",
+                   sizes[i]);
+        const char* canvas = "<width>20</width><height>20</height>";
+        render(writeFile("large.xml", textOf("<VelnorRoot><VelnorItems class='canvas'>%s%s"
+                                             "</VelnorItems></VelnorRoot>",
+                                             canvas, item)),
+               "picture.png");
+        CHECK(access(pathOf("picture.png"), F_OK) == 0);
+    }
+    struct rusage usage;
+    CHECK(getrusage(RUSAGE_SELF, &usage) == 0);
+    CHECK(usage.ru_maxrss < 400 * 1024);
 }
 
 CASE(an_earlier_picture_stays_when_the_document_makes_none) {
