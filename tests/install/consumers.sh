@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs a build into a folder, moves that elsewhere, and builds the C host against it: once as
-# pkg-config says, once by the CMake package. Both must make the picture that the tree's own host
-# makes.
+# pkg-config says, once by the CMake package. Both, and the installed tool, must make the picture that
+# the tree's own host makes.
 #
 #   consumers.sh BUILD SOURCE COMPILER LAYOUT VALUES
 set -euo pipefail
@@ -39,6 +39,24 @@ render "$scratch/build/render" by_cmake.png
 
 cmp "$scratch/own.png" "$scratch/by_pkg_config.png"
 cmp "$scratch/own.png" "$scratch/by_cmake.png"
+
+# The tool, with the same values as options.
+options=()
+while IFS= read -r line; do
+    case ${line%%=*} in
+    '' | '#'*) ;;
+    @*) options+=(--link "${line#@}") ;;
+    *.*) options+=(--set "$line") ;;
+    *) options+=(--tag "$line") ;;
+    esac
+done <"$values"
+tool=$scratch/prefix/bin/velnorxmltoimg
+if [ -x "$tool" ]; then
+    LD_LIBRARY_PATH=$libraries "$tool" render "$layout" -o "$scratch/by_tool.png" "${options[@]}"
+    cmp "$scratch/own.png" "$scratch/by_tool.png"
+    test -s "$scratch/prefix/share/man/man1/velnorxmltoimg.1"
+    test -s "$scratch/prefix/share/bash-completion/completions/velnorxmltoimg"
+fi
 
 # Who asks for another major version must not get this one.
 if PKG_CONFIG_PATH=$pkgconfig pkg-config --exists 'velnorxmltoimg >= 2'; then

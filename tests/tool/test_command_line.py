@@ -7,7 +7,7 @@ import unittest
 
 from support import DONE, NOT_WRITTEN, TOOL, USAGE, ToolTest, layout
 
-COMMANDS = ("render", "watch", "boxes", "fonts", "params", "settings")
+COMMANDS = ("render", "batch", "check", "watch", "boxes", "fonts", "params", "settings")
 
 
 class Help(ToolTest):

@@ -2,37 +2,59 @@
 
 #include "version.h"
 
+#include <CLI/CLI.hpp>
+
 namespace {
 
-constexpr const char* Description =
-    "Renders and checks layout documents for printers that print on paper from a roll.";
-
-constexpr const char* Footer =
-    "Examples:\n"
-    "  velnorxmltoimg render receipt.xml -o receipt.png --tag till=07\n"
-    "  velnorxmltoimg check receipt.xml\n"
-    "  velnorxmltoimg batch ticket.xml --data guests.csv -o 'out/{number}.png'\n"
-    "\n"
-    "'velnorxmltoimg COMMAND --help' tells the options of a command.\n"
-    "Exit codes: 0 done, 1 some failed, 2 usage, 3 unreadable document,\n"
-    "4 findings under --werror, 5 not written.";
+std::string wordsOf(const CLI::App& app, const CLI::ParseError& error) {
+    if (!app.get_subcommands().empty()) {
+        return error.what();
+    }
+    const std::vector<std::string> unknown = app.remaining();
+    return unknown.empty() ? "a command is required; --help lists them"
+                           : "'" + unknown.front() + "' is no command; --help lists them";
+}
 
 } // namespace
 
-void tool::addCommands(CLI::App& app, Action& action) {
-    app.description(Description);
-    app.footer(Footer);
-    app.set_version_flag("--version", versions, "Show the versions of tool, Qt and zint");
-    app.set_help_flag("-h,--help", "Show this help");
-    app.require_subcommand(1);
-    addRender(app, action);
-    addWatch(app, action);
-    addBoxes(app, action);
-    addFonts(app, action);
-    addParams(app, action);
-    addSettings(app, action);
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    for (CLI::App* command : app.get_subcommands({})) {
-        command->group("Commands");
+tool::CommandLine::CommandLine(const std::string& program, const std::string& description,
+                               const std::string& footer)
+    : app(std::make_unique<CLI::App>(description, program)) {
+    app->footer(footer);
+    app->set_version_flag("--version", versions, "Show the versions of tool, Qt and zint");
+    app->set_help_flag("-h,--help", "Show this help");
+    app->require_subcommand(1);
+    app->get_formatter()->label("SUBCOMMAND", "COMMAND");
+}
+
+tool::CommandLine::~CommandLine() = default;
+
+tool::CommandOptions tool::CommandLine::add(const std::string& command,
+                                            const std::string& description, const Action& action) {
+    CLI::App* added = app->add_subcommand(command, description);
+    added->group("Commands");
+    added->callback([this, action] { chosen = action; });
+    return CommandOptions(*added);
+}
+
+tool::CommandOptions tool::CommandLine::addHidden(const std::string& command,
+                                                  const std::string& description,
+                                                  const Action& action) {
+    const CommandOptions options = add(command, description, action);
+    app->get_subcommand(command)->group("");
+    return options;
+}
+
+tool::Action tool::CommandLine::parse(int argc, char** argv) {
+    try {
+        app->parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        // The answers to --help and --version come as errors too.
+        if (error.get_exit_code() != 0) {
+            throw Failure(ExitCode::Usage, wordsOf(*app, error));
+        }
+        app->exit(error);
+        return [] { return ExitCode::Done; };
     }
+    return chosen;
 }

@@ -1,69 +1,66 @@
 // velnorxmltoimg: renders and checks layout documents from a shell.
 #include "command_line.h"
-#include "failure.h"
+#include "commands/commands.h"
+#include "complaint.h"
 
 #include <exception>
 #include <iostream>
 #include <string>
-#include <vector>
 
 namespace {
+
+constexpr const char* Description =
+    "Renders and checks layout documents for printers that print on paper from a roll.";
+
+constexpr const char* Footer =
+    "Examples:\n"
+    "  velnorxmltoimg render receipt.xml -o receipt.png --tag till=07\n"
+    "  velnorxmltoimg check receipt.xml\n"
+    "  velnorxmltoimg batch ticket.xml --data guests.csv -o 'out/{number}.png'\n"
+    "\n"
+    "'velnorxmltoimg COMMAND --help' tells the options of a command.\n"
+    "Exit codes: 0 done, 1 some failed, 2 usage, 3 unreadable document,\n"
+    "4 findings under --werror, 5 not written.";
+
+void addCommands(tool::CommandLine& line) {
+    tool::addRender(line);
+    tool::addBatch(line);
+    tool::addCheck(line);
+    tool::addWatch(line);
+    tool::addBoxes(line);
+    tool::addFonts(line);
+    tool::addParams(line);
+    tool::addSettings(line);
+    tool::addBatchWorker(line);
+}
 
 int codeOf(tool::ExitCode code) {
     return static_cast<int>(code);
 }
 
-// Whatever is wrong is told in one line.
-int complain(std::string message, tool::ExitCode code) {
-    for (char& character : message) {
-        character = character == '\n' || character == '\r' ? ' ' : character;
-    }
-    std::cerr << "velnorxmltoimg: " << message << std::endl;
+int fail(const std::string& message, tool::ExitCode code) {
+    tool::complain(message);
     return codeOf(code);
 }
 
-std::string wordsOf(const CLI::App& app, const CLI::ParseError& error) {
-    if (!app.get_subcommands().empty()) {
-        return error.what();
+int run(int argc, char** argv) {
+    tool::CommandLine line("velnorxmltoimg", Description, Footer);
+    addCommands(line);
+    const int code = codeOf(line.parse(argc, argv)());
+    if (!std::cout.flush()) {
+        return fail("standard output cannot be written", tool::ExitCode::NotWritten);
     }
-    const std::vector<std::string> unknown = app.remaining();
-    return unknown.empty() ? "a command is required; --help lists them"
-                           : "'" + unknown.front() + "' is no command; --help lists them";
-}
-
-// The answers to --help and --version come as errors too.
-int answer(const CLI::App& app, const CLI::ParseError& error) {
-    if (error.get_exit_code() == 0) {
-        return app.exit(error);
-    }
-    return complain(wordsOf(app, error), tool::ExitCode::Usage);
-}
-
-int run(const tool::Action& action) {
-    try {
-        const int code = codeOf(action());
-        if (!std::cout.flush()) {
-            return complain("standard output cannot be written", tool::ExitCode::NotWritten);
-        }
-        return code;
-    } catch (const tool::Failure& failure) {
-        return complain(failure.what(), failure.code);
-    } catch (const std::exception& exception) {
-        return complain(exception.what(), tool::ExitCode::NotWritten);
-    }
+    return code;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    tool::Action action;
-    CLI::App app;
-    app.name("velnorxmltoimg");
     try {
-        tool::addCommands(app, action);
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return answer(app, error);
+        return run(argc, argv);
+    } catch (const tool::Failure& failure) {
+        return fail(failure.what(), failure.code);
+    } catch (const std::exception& exception) {
+        return fail(exception.what(), tool::ExitCode::NotWritten);
     }
-    return run(action);
 }

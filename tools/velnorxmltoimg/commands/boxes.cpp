@@ -1,12 +1,11 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
 #include "engine/document_view.h"
 #include "engine/drawn_layout.h"
 #include "engine/item_names.h"
 #include "json.h"
 #include "layout/layout.h"
 #include "qt_host.h"
-
-#include <CLI/CLI.hpp>
 
 #include <cmath>
 #include <iomanip>
@@ -110,17 +109,17 @@ tool::ExitCode showBoxes(const Options& options) {
 
 } // namespace
 
-void tool::addBoxes(CLI::App& app, Action& action) {
+void tool::addBoxes(CommandLine& line) {
     auto options = std::make_shared<Options>();
-    CLI::App* command =
-        app.add_subcommand("boxes", "Show where each item landed and at which text size");
-    addLayoutOptions(*command, options->layout);
-    command->add_flag("--json", options->json, "As one JSON object");
-    command->footer(
+    CommandOptions command = line.add("boxes", "Show where each item landed and at which text size",
+                                      [options] { return showBoxes(*options); });
+    addLayoutOptions(command, options->layout);
+    command.flag("--json", options->json, "As one JSON object");
+    addValueOptions(command, options->layout);
+    command.footer(
         "Boxes are in dots of the canvas: its margins are not counted. Text sizes are points\n"
         "on paper, after shrinking.\n"
         "\n"
         "Example:\n"
         "  velnorxmltoimg boxes receipt.xml --json");
-    command->callback([&action, options] { action = [options] { return showBoxes(*options); }; });
 }

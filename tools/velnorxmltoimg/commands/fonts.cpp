@@ -1,11 +1,10 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
 #include "json.h"
 #include "layout/registered_fonts.h"
 #include "qt_host.h"
 #include "text.h"
 #include "text_coverage.h"
-
-#include <CLI/CLI.hpp>
 
 #include <QFontDatabase>
 
@@ -82,22 +81,21 @@ tool::ExitCode showFonts(const Options& options) {
 
 } // namespace
 
-void tool::addFonts(CLI::App& app, Action& action) {
+void tool::addFonts(CommandLine& line) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand("fonts", "List the fonts that a layout can use");
-    command
-        ->add_option("LAYOUT", options->layout.document, "Count in the fonts beside this document")
-        ->type_name("");
-    command->add_option("--fonts", options->layout.fonts, "Count in the font files of this folder")
-        ->type_name("DIR");
-    command->add_option("--for", options->text, "Tell which families have all characters of a text")
-        ->type_name("TEXT");
-    command->add_flag("--json", options->json, "As one JSON object a line");
-    command->footer(
+    CommandOptions command = line.add("fonts", "List the fonts that a layout can use",
+                                      [options] { return showFonts(*options); });
+    command.operand("LAYOUT", options->layout.document, "Count in the fonts beside this document",
+                    Presence::Optional);
+    command.value("--fonts", options->layout.fonts, "DIR",
+                  "Count in the font files of this folder");
+    command.value("--for", options->text, "TEXT",
+                  "Tell which families have all characters of a text");
+    command.flag("--json", options->json, "As one JSON object a line");
+    command.footer(
         "One family a line with its styles, or with --for the characters that it lacks.\n"
         "\n"
         "Examples:\n"
         "  velnorxmltoimg fonts receipt.xml\n"
         "  velnorxmltoimg fonts --fonts ./fonts --for 'Café 4,80 €'");
-    command->callback([&action, options] { action = [options] { return showFonts(*options); }; });
 }

@@ -1,9 +1,8 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
 #include "json.h"
 #include "layout/document_file.h"
 #include "layout/param_list.h"
-
-#include <CLI/CLI.hpp>
 
 #include <iostream>
 #include <memory>
@@ -53,16 +52,16 @@ tool::ExitCode showParams(const Options& options) {
 
 } // namespace
 
-void tool::addParams(CLI::App& app, Action& action) {
+void tool::addParams(CommandLine& line) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand("params", "List the values of a parameter file");
-    command->add_option("FILE", options->file, "The parameter file")->required()->type_name("");
-    command->add_flag("--json", options->json, "As one JSON object a line");
-    command->footer(
+    CommandOptions command = line.add("params", "List the values of a parameter file",
+                                      [options] { return showParams(*options); });
+    command.operand("FILE", options->file, "The parameter file");
+    command.flag("--json", options->json, "As one JSON object a line");
+    command.footer(
         "One value a line, its name (object.link) and the value with a tabulator between them.\n"
         "Line feeds, tabulators and backslashes of a value are written \\n, \\t and \\\\.\n"
         "\n"
         "Example:\n"
         "  velnorxmltoimg params guest.xml");
-    command->callback([&action, options] { action = [options] { return showParams(*options); }; });
 }

@@ -1,9 +1,8 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
 #include "layout/layout.h"
 #include "output/picture_output.h"
 #include "qt_host.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -23,16 +22,17 @@ tool::ExitCode render(const Options& options) {
 
 } // namespace
 
-void tool::addRender(CLI::App& app, Action& action) {
+void tool::addRender(CommandLine& line) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand("render", "Render a layout document into a picture");
-    addLayoutOptions(*command, options->layout);
-    addOutputOptions(*command, options->output,
+    CommandOptions command = line.add("render", "Render a layout document into a picture",
+                                      [options] { return render(*options); });
+    addLayoutOptions(command, options->layout);
+    addOutputOptions(command, options->output,
                      "The picture; its suffix is its format; - is PNG on standard output");
-    command->footer(
+    addValueOptions(command, options->layout);
+    command.footer(
         "Examples:\n"
         "  velnorxmltoimg render receipt.xml -o receipt.png --tag till=07\n"
         "  velnorxmltoimg render slip.xml -o slip.bmp --mono diffuse --set total.text=12.50\n"
         "  velnorxmltoimg render - -o - <label.xml >label.png");
-    command->callback([&action, options] { action = [options] { return render(*options); }; });
 }

@@ -1,8 +1,7 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
 #include "engine/document_view.h"
 #include "layout/layout.h"
-
-#include <CLI/CLI.hpp>
 
 #include <array>
 #include <iostream>
@@ -31,17 +30,16 @@ tool::ExitCode showSettings(const tool::LayoutOptions& options) {
 
 } // namespace
 
-void tool::addSettings(CLI::App& app, Action& action) {
+void tool::addSettings(CommandLine& line) {
     auto options = std::make_shared<LayoutOptions>();
-    CLI::App* command =
-        app.add_subcommand("settings", "Show what a layout document tells the printer");
-    addLayoutOptions(*command, *options);
-    command->footer(
+    CommandOptions command = line.add("settings", "Show what a layout document tells the printer",
+                                      [options] { return showSettings(*options); });
+    addLayoutOptions(command, *options);
+    addValueOptions(command, *options);
+    command.footer(
         "One setting a line, its name and its value with a tabulator between them; - where\n"
         "the document does not give it.\n"
         "\n"
         "Example:\n"
         "  velnorxmltoimg settings slip.xml");
-    command->callback(
-        [&action, options] { action = [options] { return showSettings(*options); }; });
 }

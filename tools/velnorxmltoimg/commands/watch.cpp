@@ -1,10 +1,10 @@
-#include "command.h"
+#include "command_line.h"
+#include "commands/commands.h"
+#include "complaint.h"
 #include "layout/layout.h"
 #include "output/picture_output.h"
 #include "qt_host.h"
 #include "watch/watched_files.h"
-
-#include <CLI/CLI.hpp>
 
 #include <QCoreApplication>
 #include <QFileSystemWatcher>
@@ -46,7 +46,7 @@ public:
             tool::writePicture(tool::Layout(options.layout), options.output);
             tell("rendered " + options.output.picture);
         } catch (const tool::Failure& failure) {
-            std::cerr << "velnorxmltoimg: " << failure.what() << std::endl;
+            tool::complain(failure.what());
         }
     }
 
@@ -98,17 +98,18 @@ tool::ExitCode watch(const Options& options) {
 
 } // namespace
 
-void tool::addWatch(CLI::App& app, Action& action) {
+void tool::addWatch(CommandLine& line) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand(
-        "watch", "Render again whenever the document or one of its files changes");
-    addLayoutOptions(*command, options->layout);
-    addOutputOptions(*command, options->output, "The picture; its suffix is its format");
-    command->footer(
+    CommandOptions command =
+        line.add("watch", "Render again whenever the document or one of its files changes",
+                 [options] { return watch(*options); });
+    addLayoutOptions(command, options->layout);
+    addOutputOptions(command, options->output, "The picture; its suffix is its format");
+    addValueOptions(command, options->layout);
+    command.footer(
         "Ends when it is interrupted. A document that cannot be read is told of; the picture\n"
         "stays until it is mended.\n"
         "\n"
         "Example:\n"
         "  velnorxmltoimg watch receipt.xml -o receipt.png --params guest.xml");
-    command->callback([&action, options] { action = [options] { return watch(*options); }; });
 }

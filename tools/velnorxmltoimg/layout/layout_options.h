@@ -7,11 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
+
+class CommandOptions;
 
 struct LayoutOptions {
     std::string document;          // "-": standard input
@@ -21,11 +19,12 @@ struct LayoutOptions {
     std::string fonts;
 };
 
-// --tag, --set, --link, --params, --images, --fonts
-void addValueOptions(CLI::App& command, LayoutOptions& options);
+// LAYOUT
+void addLayoutOptions(CommandOptions& command, LayoutOptions& options);
 
-// LAYOUT and the options above
-void addLayoutOptions(CLI::App& command, LayoutOptions& options);
+// --tag, --set, --link, --params, --images, --fonts, under headings of their own: the last options
+// of a command.
+void addValueOptions(CommandOptions& command, LayoutOptions& options);
 
 } // namespace tool
 

@@ -1,12 +1,11 @@
 #include "output/picture_output.h"
 
+#include "command_options.h"
 #include "engine/document_view.h"
 #include "failure.h"
 #include "layout/layout.h"
 #include "output/fresh_folder.h"
 #include "output/mono_picture.h"
-
-#include <CLI/CLI.hpp>
 
 #include <QFile>
 #include <QFileInfo>
@@ -123,16 +122,15 @@ QString folderOf(const QString& target) {
 
 } // namespace
 
-void tool::addOutputOptions(CLI::App& command, OutputOptions& options, const std::string& what) {
+void tool::addOutputOptions(CommandOptions& command, OutputOptions& options,
+                            const std::string& what) {
     static const std::map<std::string, Mono> Modes{
         {"threshold", Mono::Threshold}, {"ordered", Mono::Ordered}, {"diffuse", Mono::Diffuse}};
-    command.add_option("-o,--output", options.picture, what)->required()->type_name("OUT");
-    command
-        .add_option_function<std::string>(
-            "--mono", [&options](const std::string& word) { options.mono = Modes.at(word); },
-            "Write black and white, one bit a dot")
-        ->check(CLI::IsMember({"threshold", "ordered", "diffuse"}))
-        ->type_name("");
+    command.value("-o,--output", options.picture, "OUT", what, Presence::Required);
+    command.choice(
+        "--mono", {"threshold", "ordered", "diffuse"},
+        [&options](const std::string& word) { options.mono = Modes.at(word); },
+        "Write black and white, one bit a dot");
 }
 
 void tool::requirePictureFormat(const std::string& picture) {

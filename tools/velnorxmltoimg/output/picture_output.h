@@ -4,12 +4,9 @@
 
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandOptions;
 class Layout;
 
 enum class Mono { No, Threshold, Ordered, Diffuse };
@@ -20,7 +17,7 @@ struct OutputOptions {
 };
 
 // -o and --mono; `what` describes -o.
-void addOutputOptions(CLI::App& command, OutputOptions& options, const std::string& what);
+void addOutputOptions(CommandOptions& command, OutputOptions& options, const std::string& what);
 
 // Fails with Usage where the suffix names no format of pictures.
 void requirePictureFormat(const std::string& picture);
