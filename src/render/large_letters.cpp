@@ -1,5 +1,7 @@
 #include "render/large_letters.h"
 
+#include "library_limits.h"
+
 #include <QGlyphRun>
 #include <QRawFont>
 #include <QTextLayout>
@@ -11,9 +13,6 @@ namespace {
 
 constexpr double DotsPerPoint = 96.0 / 72.0;
 constexpr double SmallestPath = 64.0 - 1.0; // dots, less a rounding
-
-// Of a face without outlines. The pictures of a text's letters then take some megabytes.
-constexpr double LargestPicture = 512.0; // dots
 
 // Another one each time: Qt keeps the letters of the last ten.
 QTransform newTransform() {
@@ -50,6 +49,6 @@ void velnor::prepareLargeLetters(const QFont& font, const QString& text) {
 }
 
 bool velnor::areDrawable(const QFont& font) {
-    return font.pointSizeF() * DotsPerPoint <= LargestPicture ||
+    return font.pointSizeF() * DotsPerPoint <= velnor::MaximumPicturedLetter ||
            !QRawFont::fromFont(font).fontTable("head").isEmpty();
 }

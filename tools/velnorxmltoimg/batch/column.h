@@ -2,7 +2,7 @@
 #ifndef VELNOR_TOOL_COLUMN_H
 #define VELNOR_TOOL_COLUMN_H
 
-#include "layout/setting.h"
+#include "setting.h"
 
 #include <optional>
 #include <string>

@@ -26,21 +26,21 @@ bool canMend(const std::string& column, const QString& document, bool isXml) {
 }
 
 void requireHope(const tool::Layout& layout, const std::vector<std::string>& columns) {
-    const tool::DocumentView view(layout);
+    const tool::DocumentView view(layout.source());
     const bool isXml = !view.xmlError();
     const bool hasHope =
         std::any_of(columns.begin(), columns.end(),
                     [&](const std::string& column) { return canMend(column, view.text(), isXml); });
     if (!hasHope) {
-        requireDocument(layout);
+        requireDocument(layout.source());
     }
 }
 
 // What is no XML has no place for anything.
 [[noreturn]] void refuse(const tool::Layout& layout, const std::string& name,
                          const std::string& missing) {
-    if (tool::DocumentView(layout).xmlError()) {
-        requireDocument(layout);
+    if (tool::DocumentView(layout.source()).xmlError()) {
+        requireDocument(layout.source());
     }
     throw Failure(ExitCode::Usage, name + ": the document has no such " + missing);
 }
@@ -69,7 +69,7 @@ bool tool::checkColumns(Layout& layout, const std::vector<Setting>& fixedSetting
             layout.set(setting);
         }
     }
-    if (DocumentView(layout).xmlError()) {
+    if (DocumentView(layout.source()).xmlError()) {
         requireHope(layout, columns);
         return false;
     }

@@ -33,7 +33,7 @@ public:
 void set(Layout& layout, const Setting& setting) {
     layout.set(setting);
     if (!layout.hasPlaceFor(setting)) {
-        tool::requireDocument(layout);
+        tool::requireDocument(layout.source());
         throw Failure(ExitCode::Usage, describe(setting) + ": the document has no such object");
     }
 }
@@ -69,7 +69,7 @@ bool check(const LayoutOptions& options, Findings& findings) {
     withoutSettings.settings.clear();
     Layout layout(withoutSettings);
     setAll(layout, options.settings);
-    const tool::DocumentView view(layout);
+    const tool::DocumentView view(layout.source());
     if (tool::addFault(view, findings)) {
         return true;
     }

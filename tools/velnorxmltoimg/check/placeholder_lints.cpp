@@ -64,18 +64,18 @@ QString placeholderOf(const Setting& setting) {
 
 // A value may hold the placeholder of another one.
 void lintUnused(const tool::Layout& layout, tool::Findings& findings) {
-    QFile file(QString::fromStdString(layout.path()));
+    QFile file(QString::fromStdString(layout.source().path));
     QString text;
     if (file.open(QIODevice::ReadOnly)) {
         text = QString::fromUtf8(file.readAll());
     }
-    for (const Setting& setting : layout.settings()) {
+    for (const Setting& setting : layout.source().settings) {
         if (setting.kind == Setting::Kind::Tag) {
             text += QLatin1Char('\n') + QString::fromStdString(setting.value);
         }
     }
     QSet<QString> told;
-    for (const Setting& setting : layout.settings()) {
+    for (const Setting& setting : layout.source().settings) {
         const QString placeholder = placeholderOf(setting);
         if (setting.kind == Setting::Kind::Tag && !text.contains(placeholder) &&
             !told.contains(placeholder)) {

@@ -101,8 +101,8 @@ void printTable(const DrawnLayout& layout) {
 tool::ExitCode showBoxes(const Options& options) {
     const tool::QtHost host;
     const tool::Layout layout(options.layout);
-    tool::requireDocument(layout);
-    const DrawnLayout drawn{tool::DocumentView(layout)};
+    tool::requireDocument(layout.source());
+    const DrawnLayout drawn{tool::DocumentView(layout.source())};
     options.json ? printJson(drawn) : printTable(drawn);
     return tool::ExitCode::Done;
 }

@@ -20,7 +20,7 @@ std::string wordFor(int ejectRetract) {
 
 tool::ExitCode showSettings(const tool::LayoutOptions& options) {
     const tool::Layout layout(options);
-    tool::requireDocument(layout);
+    tool::requireDocument(layout.source());
     const tool::PrinterSettings settings = layout.printerSettings();
     std::cout << "presentation\t" << numberOr(settings.presentation, "-") << '\n'
               << "ejectRetract\t" << wordFor(settings.ejectRetract) << '\n'

@@ -2,7 +2,8 @@
 
 #include "document/canvas_element.h"
 #include "document/dom_loading.h"
-#include "layout/layout.h"
+#include "engine/document_source.h"
+#include "failure.h"
 #include "render/blank_surface.h"
 
 namespace {
@@ -36,13 +37,13 @@ std::optional<std::string> faultOf(const VelnorDrawableCanvas& canvas) {
 
 } // namespace
 
-tool::DocumentView::DocumentView(const Layout& layout)
-    : xml(std::make_unique<VelnorXml>(layout.path().c_str(), layout.images().c_str(),
-                                      layout.fonts().c_str())) {
-    for (const std::string& paramFile : layout.paramFiles()) {
+tool::DocumentView::DocumentView(const DocumentSource& source)
+    : xml(std::make_unique<VelnorXml>(source.path.c_str(), source.images.c_str(),
+                                      source.fonts.c_str())) {
+    for (const std::string& paramFile : source.paramFiles) {
         xml->ParseParamsApplyTag(paramFile.c_str());
     }
-    for (const Setting& setting : layout.settings()) {
+    for (const Setting& setting : source.settings) {
         apply(*xml, setting);
     }
     substituted = xml->ReadXmlApplyTags();
@@ -88,9 +89,9 @@ std::unique_ptr<VelnorDrawableCanvas> tool::DocumentView::canvas() const {
     return std::unique_ptr<VelnorDrawableCanvas>(parsed);
 }
 
-void tool::requireDocument(const Layout& layout) {
-    const DocumentView view(layout);
+void tool::requireDocument(const DocumentSource& source) {
+    const DocumentView view(source);
     if (const auto fault = view.fault()) {
-        throw Failure(ExitCode::UnreadableDocument, "'" + layout.name() + "': " + *fault);
+        throw Failure(ExitCode::UnreadableDocument, "'" + source.name + "': " + *fault);
     }
 }

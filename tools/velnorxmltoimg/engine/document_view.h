@@ -14,7 +14,7 @@
 
 namespace tool {
 
-class Layout;
+struct DocumentSource;
 
 // Where and why a document is no XML. Lines and columns are those of the file, unless a placeholder's
 // value has line feeds.
@@ -26,9 +26,9 @@ struct XmlError {
 
 class DocumentView {
 public:
-    // With the values of the layout. Its fonts stay registered where xmlToImgSetEmbeddedFontKeepFlag
+    // With its values. Its fonts stay registered where xmlToImgSetEmbeddedFontKeepFlag
     // was set; otherwise the end of this view unregisters them.
-    explicit DocumentView(const Layout& layout);
+    explicit DocumentView(const DocumentSource& source);
 
     // The document's text with its placeholders replaced.
     const QString& text() const { return substituted; }
@@ -53,7 +53,7 @@ private:
 };
 
 // Fails with UnreadableDocument, and the reason, where the library would draw nothing.
-void requireDocument(const Layout& layout);
+void requireDocument(const DocumentSource& source);
 
 } // namespace tool
 

@@ -16,15 +16,16 @@ constexpr size_t FindingsSize = 4 * 1024 * 1024;
 } // namespace
 
 tool::Layout::Layout(const LayoutOptions& givenOptions)
-    : options(givenOptions), file(options.document), imageFolder(file.images(options)),
-      fontFolder(file.fonts(options)),
-      handler(createHandler(file.path(), imageFolder, fontFolder)) {
+    : options(givenOptions),
+      file(options.document), given{options.document,    file.path(),        file.images(options),
+                                    file.fonts(options), options.paramFiles, {}},
+      handler(createHandler(given.path, given.images, given.fonts)) {
     reset();
 }
 
 void tool::Layout::reset() {
     xmlToImgClearAllDictionary(handler.get());
-    givenSettings.clear();
+    given.settings.clear();
     for (const std::string& paramFile : options.paramFiles) {
         applyParams(paramFile);
     }
@@ -61,12 +62,12 @@ void tool::Layout::set(const Setting& setting) {
     if (result != 0) {
         refuse(setting, "the document has no such link");
     }
-    givenSettings.push_back(setting);
+    given.settings.push_back(setting);
 }
 
 // A document that cannot be read has no place for anything.
 void tool::Layout::refuse(const Setting& setting, const std::string& reason) const {
-    requireDocument(*this);
+    requireDocument(given);
     throw Failure(ExitCode::Usage, describe(setting) + ": " + reason);
 }
 

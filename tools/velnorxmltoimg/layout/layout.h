@@ -2,12 +2,12 @@
 #ifndef VELNOR_TOOL_LAYOUT_H
 #define VELNOR_TOOL_LAYOUT_H
 
+#include "engine/document_source.h"
 #include "layout/document_file.h"
 #include "layout/handler.h"
 #include "layout/layout_options.h"
 
 #include <string>
-#include <vector>
 
 namespace tool {
 
@@ -40,17 +40,8 @@ public:
 
     PrinterSettings printerSettings() const;
 
-    // The document's path, whether it was named or came by standard input.
-    const std::string& path() const { return file.path(); }
-
-    // As the user named it, for messages.
-    const std::string& name() const { return options.document; }
-
-    // What the handler was given: its folders, and its values in their order.
-    const std::string& images() const { return imageFolder; }
-    const std::string& fonts() const { return fontFolder; }
-    const std::vector<std::string>& paramFiles() const { return options.paramFiles; }
-    const std::vector<Setting>& settings() const { return givenSettings; }
+    // What the handler was given so far.
+    const DocumentSource& source() const { return given; }
 
 private:
     void applyParams(const std::string& paramFile);
@@ -58,9 +49,7 @@ private:
 
     LayoutOptions options;
     DocumentFile file;
-    std::string imageFolder;
-    std::string fontFolder;
-    std::vector<Setting> givenSettings;
+    DocumentSource given;
     Handler handler;
 };
 

@@ -2,7 +2,7 @@
 #ifndef VELNOR_TOOL_LAYOUT_OPTIONS_H
 #define VELNOR_TOOL_LAYOUT_OPTIONS_H
 
-#include "layout/setting.h"
+#include "setting.h"
 
 #include <string>
 #include <vector>

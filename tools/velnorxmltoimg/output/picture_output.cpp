@@ -65,7 +65,7 @@ QString renderInto(const tool::FreshFolder& folder, const tool::Layout& layout,
         mono == tool::Mono::No ? finished : folder.filePath(QStringLiteral("drawn.png"));
     layout.createImage(drawn.toStdString());
     if (!QFileInfo::exists(drawn)) {
-        tool::requireDocument(layout);
+        tool::requireDocument(layout.source());
         failToWrite(
             wanted,
             QStringLiteral(

@@ -45,7 +45,7 @@ tool::WatchedFiles::WatchedFiles(const LayoutOptions& options) : fontFolder(font
 
 void tool::WatchedFiles::addPictures(const LayoutOptions& options) {
     const Layout layout(options);
-    const auto canvas = DocumentView(layout).canvas();
+    const auto canvas = DocumentView(layout.source()).canvas();
     if (!canvas || !canvas->items) {
         return;
     }

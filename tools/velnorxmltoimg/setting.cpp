@@ -1,4 +1,4 @@
-#include "layout/setting.h"
+#include "setting.h"
 
 #include "text.h"
 
