@@ -6,7 +6,6 @@
 namespace {
 
 using tool::CheckedItem;
-using tool::Code;
 
 class CoveredSymbols {
 public:

@@ -31,16 +31,15 @@ bool tool::addFault(const DocumentView& view, Findings& findings) {
     const QDomDocument tree = view.tree();
     const QDomElement itemList = velnor::firstItemList(tree);
     const auto canvas = view.canvas();
+    const bool isLayout = !itemList.isNull() && velnor::isCanvas(itemList);
     if (const auto error = view.xmlError()) {
         addXmlError(*error, findings);
-    } else if (tree.isNull()) {
+    } else if (tree.isNull() || (isLayout && !canvas)) {
         findings.addToDocument(Code::Limits, NoLine, words);
     } else if (itemList.isNull()) {
         findings.addToDocument(Code::NoCanvas, tree.documentElement().lineNumber(), words);
-    } else if (!velnor::isCanvas(itemList)) {
+    } else if (!isLayout) {
         findings.add(Code::NoCanvas, itemList, words);
-    } else if (!canvas) {
-        findings.addToDocument(Code::Limits, NoLine, words);
     } else {
         addCanvasFault(itemList, *canvas, words, findings);
     }

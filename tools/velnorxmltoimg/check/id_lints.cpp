@@ -6,8 +6,6 @@
 
 namespace {
 
-using tool::Code;
-
 bool hasPrinterSettings(const QDomElement& canvas) {
     for (const velnor::Word& word :
          {velnor::PresentationWord, velnor::EjectRetractWord, velnor::EjectRetractTimeoutWord}) {

@@ -7,7 +7,6 @@ namespace messages = velnor::messages;
 
 namespace {
 
-using tool::CheckedItem;
 using tool::Code;
 using Element = VelnorDrawableElement;
 
@@ -29,8 +28,8 @@ QString nothing(const Element&) {
 // ids nor values can be taken for the end of a message.
 struct Message {
     int kind;
-    const char* pattern;
     Code code;
+    const char* pattern;
     QString (*value)(const Element& item);
     const char* words; // with the value and what the library chose instead
 };
@@ -46,32 +45,32 @@ constexpr char ThicknessWords[] = "thickness is %1; it must be 1 or more";
 constexpr char StyleWords[] = "style is %1; it must be 0 or 1";
 
 constexpr Message Messages[] = {
-    {velnor::ImageKind, messages::ImageFileMissing, Code::ImageMissing,
+    {velnor::ImageKind, Code::ImageMissing, messages::ImageFileMissing,
      textOf<Image, &Image::filepath>, "there is no file %1"},
-    {velnor::TextKind, messages::TextWithoutFont, Code::FontNotNamed, nothing, "has no fontname"},
-    {velnor::TextKind, messages::FontNotAvailable, Code::FontSubstituted,
+    {velnor::TextKind, Code::FontNotNamed, messages::TextWithoutFont, nothing, "has no fontname"},
+    {velnor::TextKind, Code::FontSubstituted, messages::FontNotAvailable,
      textOf<Text, &Text::fontname>, "there is no font %1; %2 is used"},
-    {velnor::TextKind, messages::BoldNotAvailable, Code::BoldMissing, textOf<Text, &Text::fontname>,
+    {velnor::TextKind, Code::BoldMissing, messages::BoldNotAvailable, textOf<Text, &Text::fontname>,
      "%1 has no bold letters; they are imitated"},
-    {velnor::TextKind, messages::ItalicNotAvailable, Code::ItalicMissing,
+    {velnor::TextKind, Code::ItalicMissing, messages::ItalicNotAvailable,
      textOf<Text, &Text::fontname>, "%1 has no italic letters; they are imitated"},
-    {velnor::BarcodeKind, messages::BarcodeWithoutData, Code::BarcodeEmpty, nothing, "has no data"},
-    {velnor::BarcodeKind, messages::BarcodeType, Code::BarcodeType,
+    {velnor::BarcodeKind, Code::BarcodeEmpty, messages::BarcodeWithoutData, nothing, "has no data"},
+    {velnor::BarcodeKind, Code::BarcodeType, messages::BarcodeType,
      numberOf<Barcode, &Barcode::barcodeType>, "type is %1; types are 1 to 142"},
-    {velnor::BarcodeKind, messages::BarcodeNotHexadecimal, Code::BarcodeNotHexadecimal, nothing,
+    {velnor::BarcodeKind, Code::BarcodeNotHexadecimal, messages::BarcodeNotHexadecimal, nothing,
      "the data are no bytes in hexadecimal with commas between them, and so taken as text"},
-    {velnor::RectangleKind, messages::RectangleThickness, Code::Thickness,
+    {velnor::RectangleKind, Code::Thickness, messages::RectangleThickness,
      numberOf<Rectangle, &Rectangle::thickness>, ThicknessWords},
-    {velnor::RectangleKind, messages::RectangleStyle, Code::Style,
+    {velnor::RectangleKind, Code::Style, messages::RectangleStyle,
      numberOf<Rectangle, &Rectangle::style>, StyleWords},
-    {velnor::EllipseKind, messages::EllipseThickness, Code::Thickness,
+    {velnor::EllipseKind, Code::Thickness, messages::EllipseThickness,
      numberOf<Ellipse, &Ellipse::thickness>, ThicknessWords},
-    {velnor::EllipseKind, messages::EllipseStyle, Code::Style, numberOf<Ellipse, &Ellipse::style>,
+    {velnor::EllipseKind, Code::Style, messages::EllipseStyle, numberOf<Ellipse, &Ellipse::style>,
      StyleWords},
-    {velnor::LineKind, messages::LineThickness, Code::Thickness, numberOf<Line, &Line::thickness>,
+    {velnor::LineKind, Code::Thickness, messages::LineThickness, numberOf<Line, &Line::thickness>,
      ThicknessWords},
-    {velnor::LineKind, messages::LineStyle, Code::Style, numberOf<Line, &Line::style>, StyleWords},
-    {velnor::LineKind, messages::LineLength, Code::Length, numberOf<Line, &Line::length>,
+    {velnor::LineKind, Code::Style, messages::LineStyle, numberOf<Line, &Line::style>, StyleWords},
+    {velnor::LineKind, Code::Length, messages::LineLength, numberOf<Line, &Line::length>,
      "length is %1; it must be 1 or more"},
 };
 
@@ -83,7 +82,7 @@ public:
     // What the library chose instead, or an empty text, where such a message is next; else nothing.
     std::optional<QString> take(const Message& message, const Element& item) {
         constexpr int Chosen = 3; // the number of the placeholder that only the library knows
-        const QString mark(QChar(QChar::ObjectReplacementCharacter));
+        const QString mark{QChar(QChar::ObjectReplacementCharacter)};
         const QString known = QString(QLatin1String(message.pattern))
                                   .replace(QLatin1Char('%') + QString::number(Chosen), mark);
         const QString front = known.section(mark, 0, 0);

@@ -8,10 +8,7 @@
 
 namespace {
 
-using tool::ExitCode;
-using tool::Failure;
-
-constexpr size_t FindingsSize = 4 * 1024 * 1024;
+constexpr size_t FindingsSize = 4UL * 1024 * 1024;
 
 } // namespace
 

@@ -60,7 +60,7 @@ bool isReadablePicture(const QString& file) {
 // The name of a readable picture in the folder. Messages name the picture that the user wants.
 QString renderInto(const tool::FreshFolder& folder, const tool::Layout& layout,
                    const QString& wanted, tool::Mono mono) {
-    const QString finished = folder.filePath(QStringLiteral("picture.") + suffixOf(wanted));
+    QString finished = folder.filePath(QStringLiteral("picture.") + suffixOf(wanted));
     const QString drawn =
         mono == tool::Mono::No ? finished : folder.filePath(QStringLiteral("drawn.png"));
     layout.createImage(drawn.toStdString());
