@@ -30,19 +30,11 @@ public:
     KeptFonts& operator=(const KeptFonts&) = delete;
 };
 
-void set(Layout& layout, const Setting& setting) {
-    layout.set(setting);
-    if (!layout.hasPlaceFor(setting)) {
-        tool::requireDocument(layout.source());
-        throw Failure(ExitCode::Usage, describe(setting) + ": the document has no such object");
-    }
-}
-
 // A document with a fault may have no place for the values; the fault is told then.
 void setAll(Layout& layout, const std::vector<Setting>& settings) {
     try {
         for (const Setting& setting : settings) {
-            set(layout, setting);
+            layout.setInPlace(setting);
         }
     } catch (const Failure& failure) {
         if (failure.code != ExitCode::UnreadableDocument) {

@@ -27,10 +27,14 @@ void tool::Layout::reset() {
         applyParams(paramFile);
     }
     for (const Setting& setting : options.settings) {
-        set(setting);
-        if (!hasPlaceFor(setting)) {
-            refuse(setting, "the document has no such object");
-        }
+        setInPlace(setting);
+    }
+}
+
+void tool::Layout::setInPlace(const Setting& setting) {
+    set(setting);
+    if (!hasPlaceFor(setting)) {
+        refuse(setting, "the document has no such object");
     }
 }
 

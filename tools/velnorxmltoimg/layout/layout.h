@@ -26,6 +26,9 @@ public:
     // As a command line or a row of data gives it.
     void set(const Setting& setting);
 
+    // The same; fails with Usage where the document has no such object.
+    void setInPlace(const Setting& setting);
+
     // Whether the value of an object has an element in the document to stand in.
     bool hasPlaceFor(const Setting& setting) const;
 
