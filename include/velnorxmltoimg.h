@@ -13,12 +13,13 @@
  *   returning from main while another thread is inside any other function of this library is not.
  *
  * THREADS
- *   Every function may be called from any thread; calls wait for one another only while the library's
- *   own application is made or ended. Calls on one handler must not overlap. Handlers must not be
- *   created or freed on two threads at once, nor while another thread draws, since the fonts that they
- *   register belong to the whole process. A thread that draws needs a stack of 512 KiB. A thread that
- *   is cancelled during a call is so after it. No function may be called from a signal handler, from
- *   an atexit handler or from the destructor of a static object.
+ *   Every function may be called from any thread at any time, those that create and free handlers
+ *   included; only calls on one handler must not overlap. Fonts belong to the whole process. A call
+ *   keeps the fonts that it finds until it ends: creating or freeing a handler waits for the calls in
+ *   flight where it registers or removes fonts, and so does the start and the end of the library's
+ *   own application. A thread that draws needs a stack of 512 KiB. Cancellation is deferred until the
+ *   call returns. No function may be called from a signal handler, from an atexit handler or from the
+ *   destructor of a static object.
  *
  * THE HOST'S PROCESS
  *   A call leaves locale, environment, signal handlers and masks, floating-point state and standard

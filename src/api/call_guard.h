@@ -5,6 +5,7 @@
 
 #include "api/host_state.h"
 #include "api/host_thread.h"
+#include "handler/font_lock.h"
 #include "handler/velnorxml.h"
 #include "spare_memory.h"
 
@@ -40,8 +41,10 @@ int withHandler(void* handle, Work work) noexcept {
     if (handle == nullptr) {
         return Failure;
     }
-    return hostCall(
-        Failure, [&] { return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure; });
+    return hostCall(Failure, [&] {
+        const FontReadLock fonts;
+        return work(*static_cast<VelnorXml*>(handle)) == 0 ? Success : Failure;
+    });
 }
 
 } // namespace velnor

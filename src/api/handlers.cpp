@@ -4,7 +4,7 @@
 #include "api/wide_text.h"
 
 int xmlToImgSetEmbeddedFontKeepFlag(int flag) {
-    VelnorXml::embeddedFontKeepFlag = flag != 0;
+    __atomic_store_n(&VelnorXml::embeddedFontKeepFlag, flag != 0, __ATOMIC_RELAXED);
     return flag != 0 ? 1 : 0;
 }
 

@@ -34,7 +34,10 @@ int xmlToImgGetFontPropertyUnicode(void* handler, const unsigned short* family, 
 }
 
 char* xmlToImgAvailableFontList() {
-    return velnor::hostCall<char*>(nullptr, [] { return VelnorImage::GetAvailableFont(); });
+    return velnor::hostCall<char*>(nullptr, [] {
+        const velnor::FontReadLock fonts;
+        return VelnorImage::GetAvailableFont();
+    });
 }
 
 void xmlToImgFreeFontList(char* list) {

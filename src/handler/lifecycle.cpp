@@ -3,9 +3,6 @@
 VelnorXml::VelnorXml(const char* documentFile, const char* imageDir, const char* fontDir)
     : documentPath(QString::fromUtf8(documentFile)), imageDirectory(QString::fromUtf8(imageDir)),
       fontDirectory(QString::fromUtf8(fontDir)) {
-    if (embeddedFontIdList == nullptr) {
-        embeddedFontIdList = new QList<FontItem*>;
-    }
     addEmbeddedFonts();
 }
 

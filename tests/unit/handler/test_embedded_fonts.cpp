@@ -2,6 +2,7 @@
 
 #include "font_folders.h"
 #include "support/font_files.h"
+#include "support/peak_memory.h"
 #include "support/printing.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 using EmbeddedFonts = FontFolders;
 
@@ -108,6 +110,21 @@ TEST_F(EmbeddedFonts, AreRegisteredAnewForEachHandler) {
     EXPECT_THAT(listedNames(), ElementsAre("a.ttf", "a.ttf"));
     const auto& fonts = *VelnorXml::embeddedFontIdList;
     EXPECT_NE(fonts[0]->id, fonts[1]->id);
+}
+
+TEST_F(EmbeddedFonts, OfTheSameBytesAreInMemoryOnce) {
+    constexpr int Handlers = 40;
+    constexpr int Megabytes = 16;
+    const QByteArray font = fontOfBrand(Alpha);
+    writeFont("a.ttf", font + QByteArray(Megabytes * 1024 * 1024 - font.size(), '\0'));
+    std::vector<std::unique_ptr<VelnorXml>> handlers;
+    handlers.push_back(handler());
+    const PeakMemory peak;
+    while (handlers.size() < Handlers) {
+        handlers.push_back(handler());
+    }
+    EXPECT_THAT(listedNames(), SizeIs(Handlers));
+    EXPECT_LT(peak.risenMegabytes(), 2 * Megabytes);
 }
 
 TEST_F(EmbeddedFonts, AreAllUnregisteredWhenTheFirstHandlerIsFreed) {

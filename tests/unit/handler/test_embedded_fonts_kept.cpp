@@ -9,8 +9,11 @@
 
 #include <QFontDatabase>
 
+#include <set>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 class KeptFonts : public FontFolders {
 protected:
@@ -133,4 +136,49 @@ TEST_F(KeptFonts, AreUnregisteredOnceTheFlagIsOff) {
     handlerOf("nowhere").reset();
     EXPECT_THAT(listedNames(), IsEmpty());
     EXPECT_FALSE(databaseHas(Alpha));
+}
+
+// Two folders whose fonts are kept in turn, each of which makes the library forget the other's.
+TEST_F(KeptFonts, ThatWereForgottenStayRegisteredWhateverBecomesOfANewRecord) {
+    writeFont("a.ttf", fontOfBrand(Alpha));
+    scratch.write(QStringLiteral("other/g.ttf"), fontOfBrand(Gamma));
+    handler().reset();
+    const int forgotten = VelnorXml::embeddedFontIdList->at(0)->id;
+    handlerOf("other").reset();
+    const int other = VelnorXml::embeddedFontIdList->at(0)->id;
+    auto last = handler();
+    ASSERT_THAT(listedNames(), ElementsAre("a.ttf"));
+    EXPECT_NE(VelnorXml::embeddedFontIdList->at(0)->id, forgotten);
+    VelnorXml::embeddedFontKeepFlag = false;
+    last.reset();
+    EXPECT_THAT(listedNames(), IsEmpty());
+    EXPECT_EQ(familyDrawnFor(Alpha), familyOfBrand(Alpha));
+    EXPECT_TRUE(QFontDatabase::removeApplicationFont(forgotten));
+    EXPECT_TRUE(QFontDatabase::removeApplicationFont(other));
+}
+
+TEST_F(KeptFonts, OfFoldersInTurnAreRegisteredTwiceAtMost) {
+    writeFont("a.ttf", fontOfBrand(Alpha));
+    scratch.write(QStringLiteral("other/g.ttf"), fontOfBrand(Gamma));
+    std::set<int> numbers;
+    for (int i = 0; i < 10; ++i) {
+        handler().reset();
+        numbers.insert(VelnorXml::embeddedFontIdList->at(0)->id);
+        handlerOf("other").reset();
+        numbers.insert(VelnorXml::embeddedFontIdList->at(0)->id);
+    }
+    EXPECT_THAT(numbers, SizeIs(4));
+    for (const int id : numbers) {
+        EXPECT_TRUE(QFontDatabase::removeApplicationFont(id));
+    }
+}
+
+// As when a Qt host ends its application, and makes another one.
+TEST_F(KeptFonts, ThatTheHostHasRemovedAreRegisteredAnew) {
+    writeFont("a.ttf", fontOfBrand(Alpha));
+    handler().reset();
+    ASSERT_TRUE(QFontDatabase::removeAllApplicationFonts());
+    const auto next = handler();
+    EXPECT_THAT(listedNames(), ElementsAre("a.ttf"));
+    EXPECT_EQ(familyDrawnFor(Alpha), familyOfBrand(Alpha));
 }
