@@ -16,8 +16,10 @@ namespace {
 
 std::atomic<QtMessageHandler> hostMessageHandler{nullptr};
 
-// What Qt has to say on a missing folder, and on an application beside the main thread.
+// What Qt has to say on a missing folder, on a variable of the environment that has no effect here,
+// and on an application beside the main thread.
 constexpr const char* StartUpRemarks[] = {
+    "Warning: QT_DEVICE_PIXEL_RATIO is deprecated",
     "QStandardPaths: ",
     "WARNING: QApplication was not created in the main() thread",
 };

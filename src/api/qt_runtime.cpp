@@ -61,6 +61,8 @@ std::unique_ptr<QGuiApplication> makeApplication() {
     prepareArguments();
     // Before the application is made: at another resolution no font family matches exactly.
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    // A scale factor in the environment would switch the hinting of glyphs off.
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     // File names are UTF-8 in this interface, also where the host's locale is another.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     return std::make_unique<QGuiApplication>(qtargc, qtargv);

@@ -7,6 +7,8 @@
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
 
+#include <QGuiApplication>
+
 namespace {
 
 constexpr double SurfaceDpi = 96.0;
@@ -85,6 +87,11 @@ int VelnorImage::SetFont(const QString& family, int size, int dpi, bool bold, bo
     font = std::make_unique<QFont>(family, ConvertToPoints(size, dpi), -1, false);
     font->setWeight(bold ? QFont::Bold : QFont::Normal);
     font->setStyle(italic ? QFont::StyleItalic : QFont::StyleNormal);
+    if (qGuiApp->devicePixelRatio() != 1.0) {
+        // Qt does not hint glyphs where the application scales for its screen. Paper has none: slight
+        // hinting, as fontconfig sets it on Debian.
+        font->setHintingPreference(QFont::PreferVerticalHinting);
+    }
     if (!antialias) {
         font->setStyleStrategy(
             static_cast<QFont::StyleStrategy>(font->styleStrategy() | QFont::NoAntialias));

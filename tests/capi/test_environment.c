@@ -1,5 +1,6 @@
 /* The library takes nothing from the host's surroundings and leaves nothing in them. */
 #include "support/files.h"
+#include "support/fonts.h"
 #include "support/harness.h"
 #include "support/host.h"
 #include "support/layouts.h"
@@ -87,9 +88,70 @@ CASE(an_empty_environment_is_enough) {
     startAndDrawInSilence();
 }
 
-CASE(a_scale_factor_of_the_environment_does_not_change_the_picture) {
-    setenv("QT_SCALE_FACTOR", "2", 1);
-    setenv("QT_FONT_DPI", "300", 1);
+/* What Qt reads of screens, layout, fonts, hashes and processors, and the libraries below it of
+ * languages. Those that exist to change the glyphs of a program are in docs/security.md. */
+static const char* const Variables[][2] = {
+    {"QT_SCALE_FACTOR", "2"},
+    {"QT_SCALE_FACTOR", "1.5"},
+    {"QT_SCREEN_SCALE_FACTORS", "2"},
+    {"QT_DEVICE_PIXEL_RATIO", "2"},
+    {"QT_DEVICE_PIXEL_RATIO", "auto"},
+    {"QT_AUTO_SCREEN_SCALE_FACTOR", "1"},
+    {"QT_ENABLE_HIGHDPI_SCALING", "1"},
+    {"QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"},
+    {"QT_USE_PHYSICAL_DPI", "1"},
+    {"QT_DPI_ADJUSTMENT_POLICY", "AdjustDpi"},
+    {"QT_FONT_DPI", "300"},
+    {"QT_SUBPIXEL_AA_TYPE", "RGB"},
+    {"QT_NO_FT_CACHE", "1"},
+    {"QT_ENABLE_GLYPH_CACHE_WORKAROUND", "1"},
+    {"QT_LAYOUT_DIRECTION", "RTL"},
+    {"QT_QPA_FONTDIR", VELNOR_TEST_FONTS},
+    {"QT_HIGHDPI_DISABLE_2X_IMAGE_LOADING", "1"},
+    {"QT_HASH_SEED", "4711"},
+    {"QT_NO_CPU_FEATURE", "avx2 avx sse4.1 ssse3"},
+    {"QT_PLUGIN_PATH", "/no/such/folder"},
+    {"HB_OPTIONS", "uniscribe-bug-compatible"},
+    {"FC_LANG", "ar"},
+    {"LANG", "C.UTF-8"},
+    {"LC_ALL", "C"},
+    {"XDG_CURRENT_DESKTOP", "KDE"},
+};
+
+#define TEXT(y, more)                                                                              \
+    "<VelnorItem class='text'><y>" #y "</y><fontname>Liberation Sans</fontname>" more              \
+    "<text>AVATo ffi \xc3\x84\xc3\xb6 4711</text></VelnorItem>"
+#define TEXTS                                                                                      \
+    CANVAS_OF(400, 400)                                                                            \
+    TEXT(0, "<fontsize>7</fontsize>")                                                              \
+    TEXT(20, "<fontsize>10</fontsize><antialias>1</antialias>")                                    \
+    TEXT(50, "<fontsize>10</fontsize><bold>1</bold><italic>1</italic>")                            \
+    TEXT(80, "<fontsize>9</fontsize><antialias>1</antialias><rotation>7</rotation>")               \
+    TEXT(150, "<fontsize>30</fontsize><antialias>1</antialias>")                                   \
+    TEXT(250, "<fontsize>30</fontsize><width>120</width><height>40</height><flags>4096</flags>")
+
+static const char* writeTexts(void) {
+    hideSystemFonts();
+    makeFolder("fonts");
+    linkFile("fonts/sans.ttf", SANS);
+    return writeLayout("texts.xml", TEXTS);
+}
+
+CASE(variables_of_screens_and_processors_change_no_dot) {
+    const char* document = writeTexts();
+    CHECK_INT(0, runSmallHost(document, pathOf("plain.png")));
+    for (size_t i = 0; i < sizeof Variables / sizeof *Variables; ++i) {
+        CHECK(setenv(Variables[i][0], Variables[i][1], 1) == 0);
+        CHECK_INT(0, runSmallHost(document, pathOf("other.png")));
+        if (!sameContent("plain.png", "other.png")) {
+            failCase(__FILE__, __LINE__, "%s changes dots", Variables[i][0]);
+        }
+        CHECK(unsetenv(Variables[i][0]) == 0);
+    }
+}
+
+CASE(an_outdated_variable_of_the_screen_is_ignored_in_silence) {
+    setenv("QT_DEVICE_PIXEL_RATIO", "2", 1);
     startAndDrawInSilence();
 }
 

@@ -109,6 +109,22 @@ CASE(a_host_with_a_gui_application_draws_everything) {
     checkDictionariesWork();
 }
 
+// The application of a host scales for its screen; paper has no screen.
+CASE(a_host_that_scales_gets_the_same_dots) {
+    hideSystemFonts();
+    makeFolder("fonts");
+    linkFile("fonts/sans.ttf", VELNOR_TEST_FONTS "/LiberationSans-Regular.ttf");
+    const char* document = writeLayout("all.xml", SHAPES LABEL);
+    CHECK_INT(0, runSmallHost(document, pathOf("plain.png")));
+    qputenv("QT_SCALE_FACTOR", "2");
+    HostArguments arguments;
+    const QGuiApplication application(arguments.count, arguments.values);
+    CHECK(application.devicePixelRatio() == 2);
+    xmlToImgInitializeQtNoReturn();
+    render(document, "scaled.png");
+    CHECK(sameContent("plain.png", "scaled.png"));
+}
+
 CASE(after_the_application_of_the_host_the_library_is_not_initialized) {
     {
         HostArguments arguments;

@@ -126,18 +126,6 @@ CASE(a_thread_that_did_not_start_the_library_can_draw) {
     CHECK(sameContent("by-thread.png", "by-main.png"));
 }
 
-/* The wait status of a host that renders the document and returns from main at once. */
-static int runSmallHost(const char* document, const char* output) {
-    const pid_t host = fork();
-    if (host == 0) {
-        execl(VELNOR_SMALL_HOST, VELNOR_SMALL_HOST, document, output, (char*)NULL);
-        _exit(EXIT_FAILURE);
-    }
-    int status = -1;
-    CHECK(waitpid(host, &status, 0) == host);
-    return status;
-}
-
 CASE(main_may_return_while_the_event_loop_runs) {
     const char* document = writeLayout("all.xml", CANVAS_OF(200, 100) BOX QR_CODE LABEL);
     const char* output = pathOf("all.png");

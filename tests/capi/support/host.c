@@ -9,6 +9,7 @@
 #include <pthread.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <sys/wait.h>
 #include <time.h>
 #include <unistd.h>
 
@@ -59,7 +60,21 @@ void checkSilent(void) {
     CHECK_TEXT("", (const char*)readFile("stderr").bytes);
 }
 
+int runSmallHost(const char* document, const char* output) {
+    const pid_t host = fork();
+    if (host == 0) {
+        execl(VELNOR_SMALL_HOST, VELNOR_SMALL_HOST, document, output, (char*)NULL);
+        _exit(EXIT_FAILURE);
+    }
+    int status = -1;
+    CHECK(waitpid(host, &status, 0) == host);
+    return status;
+}
+
 void hideSystemFonts(void) {
-    const char* settings = writeFile("fonts.conf", "<?xml version='1.0'?><fontconfig/>");
+    const char* settings =
+        writeFile("fonts.conf", "<?xml version='1.0'?><fontconfig><match target='pattern'>"
+                                "<edit name='hintstyle' mode='assign'><const>hintslight</const>"
+                                "</edit></match></fontconfig>");
     CHECK(setenv("FONTCONFIG_FILE", settings, 1) == 0);
 }

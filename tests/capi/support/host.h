@@ -17,8 +17,11 @@ void captureOutput(void);
 /* Checks that nothing was printed since captureOutput. */
 void checkSilent(void);
 
+/* The wait status of another program that renders the document and returns from main at once. */
+int runSmallHost(const char* document, const char* output);
+
 /* Without the fonts of the machine only those count that a handler registers. Call it before the
- * application is made. */
+ * application is made. Glyphs are hinted as Debian does. */
 void hideSystemFonts(void);
 
 #ifdef __cplusplus
