@@ -321,8 +321,12 @@ VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFileUnicode(void* handler,
 
 /*
  * Renders the document to an image file and replaces a file of that name: whoever reads it sees the
- * old picture or the new one, complete. Only a device, a pipe, a file of several names or one in a
- * folder that takes no new file is written in place.
+ * old picture or the new one, complete. The new picture is another file (inode), which takes the
+ * name, owner, permissions and extended attributes of the old one. So whoever has the old file open
+ * keeps the old picture, and a watcher of the folder (inotify) sees IN_CREATE for a new name and
+ * IN_MOVED_TO for a replaced one, never IN_CLOSE_WRITE. Only a device, a pipe, a file of several
+ * names, one whose owner or attributes cannot be kept, or one in a folder that takes no new file is
+ * written in place.
  *
  * path:   the output file in UTF-8, ended by a zero byte; not null. Its suffix chooses the format:
  *         ".png" gives PNG.

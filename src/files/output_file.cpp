@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -12,6 +13,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -77,9 +79,44 @@ bool writeInPlace(const QByteArray& path, const QByteArray& bytes) {
     return false;
 }
 
-bool takeOwnerAndPermissions(const OpenFile& file, const struct stat& replaced) {
+// What `read` gives when it is asked first for the size; nothing where there is none.
+template <typename Read>
+std::optional<QByteArray> readAttribute(Read read) {
+    const ssize_t size = read(nullptr, 0);
+    QByteArray value(static_cast<int>(std::max<ssize_t>(size, 0)), '\0');
+    if (size < 0 || read(value.data(), static_cast<size_t>(value.size())) != size) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+bool takeAttribute(const OpenFile& file, const QByteArray& path, const char* name) {
+    const auto value = readAttribute(
+        [&](char* buffer, size_t size) { return getxattr(path.constData(), name, buffer, size); });
+    // Security modules label new files themselves.
+    return (value && fsetxattr(file.number(), name, value->constData(),
+                               static_cast<size_t>(value->size()), 0) == 0) ||
+           qstrncmp(name, "security.", 9) == 0;
+}
+
+// Extended attributes, access lists among them: under a list, the mode's group bits are its mask.
+bool takeAttributes(const OpenFile& file, const QByteArray& path) {
+    const auto names = readAttribute(
+        [&path](char* buffer, size_t size) { return listxattr(path.constData(), buffer, size); });
+    if (!names) {
+        return errno == ENOTSUP;
+    }
+    bool taken = true;
+    for (int at = 0; taken && at < names->size(); at = names->indexOf('\0', at) + 1) {
+        taken = takeAttribute(file, path, names->constData() + at);
+    }
+    return taken;
+}
+
+bool takeOwnerAndPermissions(const OpenFile& file, const QByteArray& path,
+                             const struct stat& replaced) {
     return fchown(file.number(), replaced.st_uid, replaced.st_gid) == 0 &&
-           fchmod(file.number(), replaced.st_mode & 07777U) == 0;
+           fchmod(file.number(), replaced.st_mode & 07777U) == 0 && takeAttributes(file, path);
 }
 
 // An ordinary file of one name that the host may write, or nothing yet. Of no name, where another
@@ -141,7 +178,7 @@ Replacing replaceFile(const QByteArray& path, const QByteArray& bytes) {
         return Replacing::Impossible;
     }
     const OpenFile file(folderOf(path), O_TMPFILE);
-    if (!file.isOpen() || (replaced && !takeOwnerAndPermissions(file, *replaced))) {
+    if (!file.isOpen() || (replaced && !takeOwnerAndPermissions(file, path, *replaced))) {
         return Replacing::Impossible;
     }
     if (!velnor::writeQuietly(file.number(), bytes)) {

@@ -6,15 +6,19 @@
 #include "support/layouts.h"
 #include "support/pipes.h"
 #include "support/signals.h"
+#include "support/skipping.h"
 
 #include <velnorxmltoimg.h>
 
+#include <errno.h>
 #include <fcntl.h>
 #include <limits.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <string.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #define PAGE CANVAS_OF(500, 500) BOX QR_CODE
@@ -265,5 +269,67 @@ CASE(names_and_paths_that_are_too_long_get_no_picture) {
     draw(handler, outputOfLength(1000000));
     checkSilent();
     CHECK_TEXT("", listTree("out"));
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}
+
+/* As acl(5) stores it: the owner and user 4711 may write, the group may read, the mask lets both. */
+static const unsigned char AccessList[] = {2,    0, 0, 0,                          /* version */
+                                           1,    0, 6, 0, 0xff, 0xff, 0xff, 0xff,  /* owner */
+                                           2,    0, 6, 0, 0x67, 0x12, 0,    0,     /* user 4711 */
+                                           4,    0, 4, 0, 0xff, 0xff, 0xff, 0xff,  /* group */
+                                           0x10, 0, 6, 0, 0xff, 0xff, 0xff, 0xff,  /* mask */
+                                           0x20, 0, 4, 0, 0xff, 0xff, 0xff, 0xff}; /* others */
+
+static void setAttribute(const char* file, const char* name, const void* value, size_t size) {
+    if (setxattr(file, name, value, size, 0) != 0) {
+        skipCase("no attribute %s here: %s", name, strerror(errno));
+    }
+}
+
+static void checkAttribute(const char* file, const char* name, const void* value, size_t size) {
+    char found[100];
+    CHECK_INT((long long)size, getxattr(file, name, found, sizeof found));
+    CHECK(memcmp(value, found, size) == 0);
+}
+
+CASE(a_replaced_file_keeps_its_extended_attributes_and_access_list) {
+    void* handler = handlerOfPage();
+    const char* output = writeFile("out/page.png", "earlier");
+    setAttribute(output, "user.origin", "till 7", 6);
+    setAttribute(output, "system.posix_acl_access", AccessList, sizeof AccessList);
+    const struct stat before = about("out/page.png");
+    draw(handler, "out/page.png");
+    CHECK(sameContent("out/page.png", "page.png"));
+    CHECK(about("out/page.png").st_ino != before.st_ino);
+    CHECK_INT(before.st_mode, about("out/page.png").st_mode);
+    checkAttribute(output, "user.origin", "till 7", 6);
+    checkAttribute(output, "system.posix_acl_access", AccessList, sizeof AccessList);
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}
+
+/* The events that a watcher of the folder has seen of files of this name. */
+static uint32_t eventsOf(int watcher, const char* name) {
+    char buffer[4096] __attribute__((aligned(8)));
+    uint32_t seen = 0;
+    const ssize_t size = read(watcher, buffer, sizeof buffer);
+    for (ssize_t at = 0; at < size;) {
+        const struct inotify_event* event = (const struct inotify_event*)(buffer + at);
+        seen |= event->len > 0 && strcmp(event->name, name) == 0 ? event->mask : 0;
+        at += (ssize_t)(sizeof *event + event->len);
+    }
+    return seen;
+}
+
+CASE(a_watcher_sees_a_new_picture_created_and_a_replaced_one_moved) {
+    void* handler = handlerOfPage();
+    const int watcher = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    CHECK(inotify_add_watch(watcher, pathOf("out"), IN_ALL_EVENTS) >= 0);
+    draw(handler, "out/page.png");
+    const uint32_t created = eventsOf(watcher, "page.png");
+    draw(handler, "out/page.png");
+    const uint32_t replaced = eventsOf(watcher, "page.png");
+    CHECK((created & IN_CREATE) != 0 && (created & IN_CLOSE_WRITE) == 0);
+    CHECK((replaced & IN_MOVED_TO) != 0 && (replaced & IN_CLOSE_WRITE) == 0);
+    CHECK(close(watcher) == 0);
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
