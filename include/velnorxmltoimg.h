@@ -9,8 +9,8 @@
  *   once. A host with a bare QCoreApplication, or none, can still use every function: fonts are
  *   then not registered and no text is drawn.
  *   The library's own application needs no display, prints nothing, and leaves the host's locale,
- *   environment and GLib main context as they were. Returning from main while it runs is fine;
- *   returning from main while another thread is inside any other function of this library is not.
+ *   environment and GLib main context as they were. Returning from main while it runs is fine.
+ *   exit waits for calls in flight, for 10 seconds at most, and refuses new ones: they fail.
  *
  * THREADS
  *   Every function may be called from any thread at any time, those that create and free handlers
@@ -18,8 +18,7 @@
  *   keeps the fonts that it finds until it ends: creating or freeing a handler waits for the calls in
  *   flight where it registers or removes fonts, and so does the start and the end of the library's
  *   own application. A thread that draws needs a stack of 512 KiB. Cancellation is deferred until the
- *   call returns. No function may be called from a signal handler, from an atexit handler or from the
- *   destructor of a static object.
+ *   call returns. No function may be called from a signal handler.
  *
  * THE HOST'S PROCESS
  *   A call leaves locale, environment, signal handlers and masks, floating-point state and standard

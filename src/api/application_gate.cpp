@@ -1,5 +1,12 @@
 #include "api/application_gate.h"
 
+#include <QFont>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
 #include <pthread.h>
 
 namespace {
@@ -7,9 +14,60 @@ namespace {
 // Threads that draw without a pause would never let a change in otherwise, as std::shared_mutex does.
 pthread_rwlock_t gate = PTHREAD_RWLOCK_WRITER_NONRECURSIVE_INITIALIZER_NP;
 
+enum class Exit { NotBegun, Waiting, Waited };
+
+std::atomic<int> inFlight{0};
+std::atomic<Exit> processExit{Exit::NotBegun};
+thread_local int inFlightHere = 0; // not 0 where exit is called inside a call, by a signal handler
+
+// Qt's static objects are destroyed after this. A call that takes longer is left to its fate: it may
+// wait for what the exiting thread holds.
+void waitForCallsInFlight() {
+    constexpr auto Patience = std::chrono::seconds(10);
+    constexpr auto Pause = std::chrono::milliseconds(1);
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    do {
+        processExit = Exit::Waiting;
+        while (inFlight > inFlightHere && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(Pause);
+        }
+        processExit = Exit::Waited;
+        // A call that has seen the wait is to have it.
+    } while (inFlight > inFlightHere && std::chrono::steady_clock::now() < end);
+}
+
+// Handlers run in reverse order, and what Qt makes at its first use it destroys by such a handler. So
+// this one is registered again and again, each time after an eighth more calls than the last time:
+// a hundred times or so in the life of a process.
+void registerExitHandler() {
+    static std::atomic<qint64> calls{0};
+    static std::atomic<qint64> next{1};
+    const qint64 call = ++calls;
+    if (call >= next && processExit == Exit::NotBegun) {
+        next = call + call / 8 + 1;
+        std::atexit(waitForCallsInFlight);
+    }
+}
+
 } // namespace
 
-velnor::CallInFlight::CallInFlight() : held(pthread_rwlock_rdlock(&gate) == 0) {}
+velnor::FlightCount::FlightCount() {
+    ++inFlight;
+    ++inFlightHere;
+}
+
+velnor::FlightCount::~FlightCount() {
+    registerExitHandler();
+    if (processExit == Exit::Waiting) {
+        // The thread may end later than what these fonts are destroyed with.
+        QFont::cleanup();
+    }
+    --inFlightHere;
+    --inFlight;
+}
+
+velnor::CallInFlight::CallInFlight()
+    : refused(processExit != Exit::NotBegun), held(!refused && pthread_rwlock_rdlock(&gate) == 0) {}
 
 velnor::CallInFlight::~CallInFlight() {
     if (held) {

@@ -1,9 +1,19 @@
-// Keeps the calls of hosts and the making of the library's own application apart. Qt shows its
-// application to every thread before it is complete, and painting asks it for its font.
+// Keeps the calls of hosts apart from the making of the library's own application, and from the end of
+// the process. Qt shows its application to every thread before it is complete, and painting asks it
+// for its font; at the end of the process Qt destroys what painting uses.
 #ifndef VELNOR_API_APPLICATION_GATE_H
 #define VELNOR_API_APPLICATION_GATE_H
 
 namespace velnor {
+
+// While this lives, exit waits, for some seconds at most.
+class FlightCount {
+public:
+    FlightCount();
+    ~FlightCount();
+    FlightCount(const FlightCount&) = delete;
+    FlightCount& operator=(const FlightCount&) = delete;
+};
 
 // While this lives, the application is neither made nor ended. Any number of threads hold it at once;
 // no thread holds it twice.
@@ -14,7 +24,12 @@ public:
     CallInFlight(const CallInFlight&) = delete;
     CallInFlight& operator=(const CallInFlight&) = delete;
 
+    // True where the process has begun to end: the call must fail.
+    bool isRefused() const { return refused; }
+
 private:
+    FlightCount count; // before the question whether the process ends
+    bool refused;
     bool held; // not by the thread that ends the application, whose listeners may call
 };
 
@@ -25,6 +40,9 @@ public:
     ~ApplicationChange();
     ApplicationChange(const ApplicationChange&) = delete;
     ApplicationChange& operator=(const ApplicationChange&) = delete;
+
+private:
+    FlightCount count;
 };
 
 } // namespace velnor

@@ -6,6 +6,7 @@
 #include <QThread>
 
 #include <memory>
+#include <stdexcept>
 
 void velnor::ensureThreadHasDispatcher() {
     if (QAbstractEventDispatcher::instance() == nullptr) {
@@ -15,6 +16,9 @@ void velnor::ensureThreadHasDispatcher() {
 }
 
 velnor::HostThread::HostThread() {
+    if (call.isRefused()) {
+        throw std::runtime_error("the process ends");
+    }
     // A host that makes its application later must find its thread as it was.
     if (QCoreApplication::instance() != nullptr) {
         ensureThreadHasDispatcher();

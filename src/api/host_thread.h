@@ -15,6 +15,7 @@ void ensureThreadHasDispatcher();
 // would grow for as long as the thread lives. Here the timers that are due run at the end of a call.
 class HostThread {
 public:
+    // Throws where the process has begun to end.
     HostThread();
     ~HostThread();
     HostThread(const HostThread&) = delete;

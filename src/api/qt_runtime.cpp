@@ -6,10 +6,9 @@
 #include "api/host_traces.h"
 #include "api/qt_runtime.h"
 #include "files/descriptors.h"
-#include "render/blank_surface.h"
 #include "render/picture_file.h"
+#include "render/velnorimage.h"
 
-#include <QFont>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QTextCodec>
@@ -68,12 +67,17 @@ std::unique_ptr<QGuiApplication> makeApplication() {
     return std::make_unique<QGuiApplication>(qtargc, qtargv);
 }
 
-// Qt makes these at their first use, under locks that it does not let go where memory runs out.
+// Qt makes these at their first use: some under locks that it does not let go where memory runs out,
+// some to be destroyed when the process exits, which must not come before the wait for calls.
 void makeWhatQtMakesAtFirstUse() {
     velnor::requireMemory(0);
-    QGuiApplication::font();
     QFontDatabase().families();
-    velnor::encodePicture(velnor::makeBlankSurface(1, 1), "png");
+    VelnorImage surface(2, 2);
+    surface.SetFont(QGuiApplication::font().family(), 1, 96, false, false, true);
+    surface.DrawOverlayText(QStringLiteral("x"), 0, 0, 1);
+    surface.DrawOverlayEllipse(0, 0, 2, 2, 1, 1, 1, true);
+    surface.DrawOverlayPicture(*surface.picture(), 0, 0, 50, 50, -1, -1, 1, 0);
+    velnor::encodePicture(*surface.picture(), "png");
 }
 
 // Tells the hosts before all is made: the pause that they make then is time to make it.
@@ -133,7 +137,7 @@ int xmlToImgQtInitialized() {
     const velnor::HostState state;
     usleep(StartUpPause);
     const velnor::CallInFlight untilAllIsMade;
-    return 1;
+    return untilAllIsMade.isRefused() ? 0 : 1;
 }
 
 int xmlToImgSetPluginPathUnicode(const unsigned short* path, int length) {
