@@ -2,14 +2,14 @@
 
 #include <pthread.h>
 
-velnor::HostState::HostState() : fileSizeSignal(SIGXFSZ) {
+velnor::HostState::HostState() {
     pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &cancellation);
     std::fegetenv(&floatingPoint);
     std::fesetenv(FE_DFL_ENV);
 }
 
 velnor::HostState::~HostState() {
-    fileSizeSignal.takeBack();
+    blockedSignals.discardNew();
     std::fesetenv(&floatingPoint);
     pthread_setcancelstate(cancellation, nullptr);
 }

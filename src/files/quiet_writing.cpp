@@ -1,6 +1,6 @@
 #include "files/quiet_writing.h"
 
-#include "files/held_signal.h"
+#include "files/signal_block.h"
 
 #include <cerrno>
 
@@ -27,13 +27,10 @@ int writeAll(int descriptor, const QByteArray& bytes) {
 } // namespace
 
 bool velnor::writeQuietly(int descriptor, const QByteArray& bytes) {
-    HeldSignal pipeSignal(SIGPIPE);
-    HeldSignal sizeSignal(SIGXFSZ);
+    const SignalBlock block{SIGPIPE, SIGXFSZ};
     const int error = writeAll(descriptor, bytes);
-    if (error == EPIPE) {
-        pipeSignal.takeBack();
-    } else if (error == EFBIG) {
-        sizeSignal.takeBack();
+    if (error == EPIPE || error == EFBIG) {
+        block.discardNew();
     }
     return error == 0;
 }

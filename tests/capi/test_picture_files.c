@@ -7,6 +7,7 @@
 
 #include <velnorxmltoimg.h>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #define PAGE_WITH(path)                                                                            \
@@ -95,4 +96,24 @@ CASE(an_absolute_picture_name_is_used_as_it_is) {
     writeLayout("page/page.xml", textOf(PAGE_WITH("%s"), pathOf("page/logo.png")));
     renderWithImages(pathOf("images"), "absolute.png");
     CHECK(sameContent("absolute.png", "beside.png"));
+}
+
+/* The checksum of its dots is wrong, which libpng says on standard error. */
+static void writeBrokenPicture(const char* name) {
+    render(writeLayout("small.xml", CANVAS_OF(20, 20) BOX), name);
+    const Content picture = readFile(name);
+    const int file = open(pathOf(name), O_WRONLY);
+    CHECK(file >= 0 && pwrite(file, "????", 4, (off_t)picture.size - 16) == 4);
+    CHECK(close(file) == 0);
+}
+
+CASE(a_broken_picture_does_no_harm_where_nobody_reads_standard_error) {
+    int ends[2];
+    startLibrary();
+    writeBrokenPicture("logo.png");
+    writeLayout("page.xml", PAGE_WITH("logo.png") BOX);
+    sendFailuresTo(dup(STDERR_FILENO));
+    CHECK(pipe(ends) == 0 && close(ends[0]) == 0);
+    CHECK(dup2(ends[1], STDERR_FILENO) == STDERR_FILENO);
+    CHECK_INT(100, pngWidth(render("page.xml", "page.png")));
 }
