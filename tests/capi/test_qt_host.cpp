@@ -9,6 +9,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QStringList>
 #include <QTimer>
 
@@ -123,6 +124,19 @@ CASE(a_host_that_scales_gets_the_same_dots) {
     xmlToImgInitializeQtNoReturn();
     render(document, "scaled.png");
     CHECK(sameContent("plain.png", "scaled.png"));
+}
+
+/* Qt gives a new picture the resolution of the host's screen, which sizes a text in points. */
+CASE(texts_have_the_same_dots_whatever_the_resolution_of_the_host) {
+    {
+        HostArguments arguments;
+        const QGuiApplication application(arguments.count, arguments.values);
+        CHECK(QGuiApplication::primaryScreen()->logicalDotsPerInch() != 96);
+        xmlToImgInitializeQtNoReturn();
+        renderLayout("host", CANVAS_OF(200, 100) LABEL);
+    }
+    startLibrary();
+    CHECK(sameContent("host.png", renderLayout("library", CANVAS_OF(200, 100) LABEL)));
 }
 
 CASE(after_the_application_of_the_host_the_library_is_not_initialized) {
