@@ -72,6 +72,26 @@ TEST_F(Composition, OfAGivenHeightIsNotCropped) {
     EXPECT_EQ(canvas->height, 200);
 }
 
+// Measured halves of dots that the sine of 30 degrees makes are rounded either way, by where the box
+// stands: drawing then reaches one row further than what was made white for it.
+TEST_F(Composition, OfARollIsWhiteToItsEndWhereDrawingReachesFurtherThanMeasuring) {
+    int further = 0;
+    for (const int rotation : {30, 60, 150}) {
+        for (int width = 1; width < 200; width += 2) {
+            canvas = makeCanvas(300, -1, 96);
+            setRows(*canvas, {{velnor::AbsoluteLength, 40}, {velnor::AutoLength, 0}});
+            auto& item = addRectangle(*canvas, 70, 3, width, 20);
+            item.row = 1;
+            item.rotation = rotation;
+            const QImage picture = composed();
+            further += item.reachedY > qRound(item.boundingBox.bottom() + item.y - 3) ? 1 : 0;
+            EXPECT_TRUE(isAllWhite(picture.copy(0, picture.height() - 2, 300, 2)))
+                << rotation << " degrees, width " << width;
+        }
+    }
+    EXPECT_GT(further, 0);
+}
+
 TEST_F(Composition, OfARollLongerThanAMetreIsTransparentBeyondIt) {
     canvas = makeCanvas(50, -1, 96);
     addRectangle(*canvas, 10, 3800, 20, 100);
