@@ -80,6 +80,12 @@ INSTANTIATE_TEST_SUITE_P(
         PlaceRow{
             {"NegativeFarPositionIsTruncatedTowardZero"}, 10, QRectF(20, 10, 180.5, 95.5), 30, 45},
         PlaceRow{{"CentredPositionIsTruncated"}, Centred, QRectF(20, 10, 81, 41), 94, 79},
+        PlaceRow{{"CentredPositionIsTruncatedAsAWhole"}, Centred, QRectF(20, 10, 181, 91), 44, 54},
+        PlaceRow{{"NegativeCentredPositionIsTruncatedTowardZero"},
+                 Centred,
+                 QRectF(20, 10, 231, 121),
+                 20,
+                 40},
         PlaceRow{{"HiddenItemHasNoRectangle"}, 5, QRectF(), 80, 70}),
     RuleAsName());
 
