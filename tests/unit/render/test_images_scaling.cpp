@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ScalingRow{{"FillKeepsTheLeft"}, 50, 70, 100, 100, 2, 1, 1, {100, 100}},
                     ScalingRow{{"FillOfTheSameShapeKeepsAll"}, 50, 70, 100, 50, 2, 0.5, 0.5, Whole},
                     ScalingRow{{"FillTruncatesColumns"}, 50, 70, 100, 150, 2, 1.5, 1.5, {66, 100}},
-                    ScalingRow{{"FillTruncatesRows"}, 50, 70, 300, 101, 2, 1.5, 1.5, {200, 67}}),
+                    ScalingRow{{"FillTruncatesRows"}, 50, 70, 300, 100, 2, 1.5, 1.5, {200, 66}}),
     RuleAsName());
 
 TEST(Scaling, OfNoPictureIsHarmless) {
