@@ -97,10 +97,13 @@ TEST_F(Text, UnboundedIsDrawnWhateverTheHeight) {
 
 class HorizontalFlag : public Text, public testing::WithParamInterface<int> {};
 
+// The box is as wide as the longest line: only a shorter one could show an alignment.
 TEST_P(HorizontalFlag, IsIgnoredWhereNothingBoundsTheText) {
-    surface.DrawOverlayRectBoundedText(words(), 20, 30, -1, -1, GetParam(), 0);
-    const QRectF box = measuredByQt(QRectF(20, 30, Endless, 16), Qt::AlignLeft, words());
-    EXPECT_TRUE(samePicture(drawn(), drawnByQt(box, Qt::AlignLeft, words())));
+    const QString lines = QStringLiteral("Ticket 4711\nto Hamburg\nat 9");
+    surface.DrawOverlayRectBoundedText(lines, 20, 30, -1, -1, GetParam(), 0);
+    const QRectF box = measuredByQt(QRectF(20, 30, Endless, 16), Qt::AlignLeft, lines);
+    EXPECT_EQ(surface.lastBoundingRect(), box);
+    EXPECT_TRUE(samePicture(drawn(), drawnByQt(box, Qt::AlignLeft, lines)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Text, HorizontalFlag,
