@@ -7,7 +7,9 @@
 
 #include <velnorxmltoimg.h>
 
+#include <endian.h>
 #include <pthread.h>
+#include <stdint.h>
 #include <string.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -134,6 +136,27 @@ CASE(the_picture_has_the_canvas_size_margins_and_resolution) {
     CHECK_INT(616, pngWidth(picture));
     CHECK_INT(260, pngHeight(picture));
     CHECK_INT(7992, pngDotsPerMetre(picture));
+}
+
+/* The dots per metre in the header of a BMP file, which can be negative. */
+static int bmpDotsPerMetre(const char* name) {
+    const size_t offset = 38;
+    const Content file = readFile(name);
+    int32_t dots = 0;
+    CHECK(file.size >= offset + sizeof dots);
+    memcpy(&dots, file.bytes + offset, sizeof dots);
+    return (int)le32toh((uint32_t)dots);
+}
+
+CASE(a_dpi_of_minus_one_or_zero_sets_no_resolution_and_any_other_does) {
+    const int ofANewPicture = 3780;
+    const int rows[][2] = {{-1, ofANewPicture}, {0, ofANewPicture}, {-2, -79}, {203, 7992}};
+    startLibrary();
+    for (size_t i = 0; i < sizeof rows / sizeof *rows; ++i) {
+        const char* document = writeLayout(
+            "page.xml", textOf("<dpi>%d</dpi><width>9</width><height>9</height>", rows[i][0]));
+        CHECK_INT(rows[i][1], bmpDotsPerMetre(render(document, "page.bmp")));
+    }
 }
 
 CASE(a_canvas_without_height_ends_below_its_content) {

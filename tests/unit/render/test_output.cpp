@@ -166,20 +166,31 @@ TEST_F(Output, OfASurfaceHasMarginsAndResolution) {
     EXPECT_EQ(picture.dotsPerMeterY(), 7992);
 }
 
-TEST_F(Output, Carries11811DotsPerMetreAt300Dpi) {
+struct ResolutionRow : Row {
+    int dpi;
+    int dotsPerMetre;
+};
+
+constexpr int OfANewPicture = 3780;
+
+// Into a BMP file, which has a place for a negative resolution. A PNG file is left without one then.
+class Resolution : public Output, public testing::WithParamInterface<ResolutionRow> {};
+
+TEST_P(Resolution, IsThatOfTheDpi) {
     const VelnorImage surface(10, 10);
-    surface.SaveImage(file("t.png"), 300, 0, 0, 0, 0);
-    EXPECT_EQ(saved("t.png").dotsPerMeterX(), 11811);
-    EXPECT_EQ(saved("t.png").dotsPerMeterY(), 11811);
+    ASSERT_EQ(surface.SaveImage(file("t.bmp"), GetParam().dpi, 0, 0, 0, 0), Written);
+    EXPECT_EQ(saved("t.bmp").dotsPerMeterX(), GetParam().dotsPerMetre);
+    EXPECT_EQ(saved("t.bmp").dotsPerMeterY(), GetParam().dotsPerMetre);
 }
 
-TEST_F(Output, KeepsTheResolutionOfANewPictureAtADpiOfMinusOne) {
-    const VelnorImage surface(10, 10);
-    surface.SaveImage(file("t.png"), -1, 0, 0, 0, 0);
-    const QImage fresh(1, 1, QImage::Format_ARGB32_Premultiplied);
-    EXPECT_EQ(saved("t.png").dotsPerMeterX(), fresh.dotsPerMeterX());
-    EXPECT_EQ(saved("t.png").dotsPerMeterY(), fresh.dotsPerMeterY());
-}
+INSTANTIATE_TEST_SUITE_P(Output, Resolution,
+                         testing::Values(ResolutionRow{{"OfARollPrinter"}, 203, 7992},
+                                         ResolutionRow{{"Of300Dpi"}, 300, 11811},
+                                         ResolutionRow{{"MinusOneIsNotSet"}, -1, OfANewPicture},
+                                         ResolutionRow{{"ZeroIsNoneForQt"}, 0, OfANewPicture},
+                                         ResolutionRow{{"BelowMinusOneIsSet"}, -2, -79},
+                                         ResolutionRow{{"FarBelowZeroIsSet"}, -203, -7992}),
+                         RuleAsName());
 
 TEST_F(Output, DoesNotTouchTheSurface) {
     VelnorImage surface(10, 10);
