@@ -113,6 +113,17 @@ CASE(no_scratch_file_stays_after_a_refused_barcode) {
     CHECK_TEXT("page.png\n", listTree("out"));
 }
 
+CASE(a_scratch_file_stays_beside_a_picture_without_barcodes) {
+    startLibrary();
+    makeFolder("out");
+    writeFile("out/page.png.BARCODE.PNG", "left by a crash");
+    const char* document = writeLayout("page.xml", CANVAS_OF(100, 100) BOX
+                                       "<VelnorItem class='barcode'><type>58</type>"
+                                       "<text>A</text><hidden>1</hidden></VelnorItem>");
+    render(document, "out/page.png");
+    CHECK_TEXT("page.png\npage.png.BARCODE.PNG\n", listTree("out"));
+}
+
 CASE(paths_longer_than_255_bytes_hold_barcodes) {
     startLibrary();
     const char* document = writeLayout("page.xml", EVERYTHING);

@@ -61,6 +61,14 @@ TEST_F(Composition, LeavesNoBarcodeFileEvenWhereAnOldOneStood) {
     }
 }
 
+TEST_F(Composition, LeavesAnOldBarcodeFileWhereItDrawsNoBarcode) {
+    addRectangle(*canvas);
+    addBarcode(*canvas, goodData()).hidden = 1;
+    folder.write(QStringLiteral("ticket.png.BARCODE.PNG"), "old");
+    compose(*canvas);
+    EXPECT_TRUE(QFile::exists(barcodePath()));
+}
+
 TEST_F(Composition, NeverDrawsAnOldBarcodeFile) {
     addBarcode(*canvas, refusedData());
     ASSERT_TRUE(colourfulPicture(50, 50).save(barcodePath(), "PNG"));
