@@ -159,6 +159,29 @@ CASE(a_dpi_of_minus_one_or_zero_sets_no_resolution_and_any_other_does) {
     }
 }
 
+/* A composite symbol whose primary message is 120 bytes of numbers and this. */
+static const char* renderPrimary(const char* name, const char* tail) {
+    char numbers[121];
+    for (size_t i = 0; i < sizeof numbers / 6; ++i) {
+        memcpy(numbers + 6 * i, "[20]12", 7);
+    }
+    return renderLayout(name,
+                        textOf(CANVAS_OF(600, 100) "<VelnorItem class='barcode'><type>131</type>"
+                                                   "<inputmode>2</inputmode><text>[10]ABC123</text>"
+                                                   "<primary>%s%s</primary></VelnorItem>",
+                               numbers, tail));
+}
+
+CASE(a_primary_message_has_at_most_127_bytes) {
+    startLibrary();
+    renderLayout("blank", CANVAS_OF(600, 100));
+    const char* longest = renderPrimary("longest", "[10]abc");
+    CHECK(!sameContent(longest, "blank.png"));
+    CHECK(!sameContent(longest, renderPrimary("shorter", "[10]ab")));
+    CHECK(sameContent(longest, renderPrimary("longer", "[10]abcd")));
+    CHECK(sameContent(longest, renderPrimary("letter", "[10]abc\xc3\xa9")));
+}
+
 CASE(a_canvas_without_height_ends_below_its_content) {
     startLibrary();
     CHECK_INT(16, pngHeight(renderLayout("empty", "<dpi>203</dpi><width>100</width>")));

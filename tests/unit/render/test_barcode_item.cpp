@@ -74,6 +74,19 @@ TEST(BarcodeItem, BeyondALimitIsRefusedInTheWordsOfTheLibrary) {
     EXPECT_EQ(words(symbol.refusal), "the symbol is beyond the limits of the library");
 }
 
+// Such a message has at most 15 bytes, of which the postcode shows the first six.
+TEST(BarcodeItem, CountsItsPrimaryMessageInBytesOfUtf8) {
+    VelnorDrawableBarcode item = barcodeOf(BARCODE_MAXICODE, QStringLiteral("DATA"));
+    item.primary = QStringLiteral("ABCDEF\u00e9G840001");
+    ZintRequest request;
+    request.type = item.barcodeType;
+    request.data = "DATA";
+    request.primary = "ABCDEF840001";
+    EXPECT_TRUE(samePicture(symbolOf(item).picture, zintPicture(request)));
+    item.primary = QStringLiteral("ABCDEF\u00e9GH840001");
+    EXPECT_THAT(words(symbolOf(item).refusal), StartsWith("Error 551"));
+}
+
 TEST(BarcodeItem, BesideItsStandardHasAPictureAndTheWarningOfZint) {
     VelnorDrawableBarcode item = barcodeOf(BARCODE_GS1_128, QStringLiteral("[01]12345678901234"));
     item.inputmode = GS1_MODE;

@@ -171,6 +171,42 @@ TEST_F(BarcodeSymbol, SurvivesAPrimaryMessageOfAnyLength) {
     }
 }
 
+struct PrimaryRow : Row {
+    QByteArray tail; // of a message that starts with 120 bytes of numbers
+    QByteArray kept; // null: refused
+};
+
+class LongPrimary : public BarcodeSymbol, public testing::WithParamInterface<PrimaryRow> {};
+
+TEST_P(LongPrimary, HasAtMost127Bytes) {
+    const QByteArray start = QByteArray("[20]12").repeated(20);
+    const QByteArray primary = start + GetParam().tail;
+    Item item = itemOf(BARCODE_GS1_128_CC, "[10]ABC123");
+    item.primary = primary.constData();
+    item.inputMode = GS1_MODE;
+    ZintRequest request;
+    request.type = item.type;
+    request.data = item.data;
+    request.inputMode = GS1_MODE;
+    request.primary = start + GetParam().kept;
+    if (GetParam().kept.isNull()) {
+        EXPECT_EQ(create(item), -1);
+    } else {
+        expectPictureOf(item, request);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    BarcodeSymbol, LongPrimary,
+    testing::Values(
+        PrimaryRow{{"Of126BytesIsKept"}, "[10]ab", "[10]ab"},
+        PrimaryRow{{"Of127BytesIsKept"}, "[10]abc", "[10]abc"},
+        PrimaryRow{{"Of128BytesLosesOne"}, "[10]abcd", "[10]abc"},
+        PrimaryRow{{"OfManyBytesLosesTheRest"}, "[10]abc" + QByteArray(100000, 'd'), "[10]abc"},
+        PrimaryRow{{"LosesALetterBehindTheLastByte"}, "[10]abc\xc3\xa9", "[10]abc"},
+        PrimaryRow{{"IsCutInTheMiddleOfALetter"}, "[10]ab\xc3\xa9", {}}),
+    RuleAsName());
+
 struct OptionRow : Row {
     int type;
     int option1;
