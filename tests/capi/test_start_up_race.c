@@ -1,5 +1,5 @@
-/* Start-up calls that overlap. The pause before each positive answer would hide an answer that
- * comes too early, so that the library is given a pause of no time here. */
+/* The pause before each positive answer, and start-up calls that overlap. The pause would hide an
+ * answer that comes too early, so that the library is given a pause of no time here. */
 #include "support/harness.h"
 #include "support/host.h"
 
@@ -13,10 +13,29 @@
 enum { Starters = 8 };
 
 static atomic_int readyStarters;
+static atomic_int pauses;
+static atomic_int lastPause; /* in microseconds */
 
 __attribute__((visibility("default"))) int usleep(useconds_t duration) {
-    (void)duration;
+    atomic_store(&lastPause, (int)duration);
+    atomic_fetch_add(&pauses, 1);
     return 0;
+}
+
+CASE(before_start_up_the_answer_comes_without_a_pause) {
+    CHECK_INT(0, xmlToImgQtInitialized());
+    CHECK_INT(0, atomic_load(&pauses));
+}
+
+CASE(before_each_positive_answer_is_a_pause_of_ten_milliseconds) {
+    startLibrary();
+    for (int i = 0; i < 3; ++i) {
+        atomic_store(&pauses, 0);
+        atomic_store(&lastPause, 0);
+        CHECK_INT(1, xmlToImgQtInitialized());
+        CHECK_INT(1, atomic_load(&pauses));
+        CHECK_INT(10000, atomic_load(&lastPause));
+    }
 }
 
 static void* startUntilInitialized(void* unused) {
