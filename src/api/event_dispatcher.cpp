@@ -36,6 +36,15 @@ int earlier(int left, int right) {
     return right == Forever ? left : std::min(left, right);
 }
 
+// Tells whether there was one.
+template <typename Element, typename Condition>
+bool removeAll(std::vector<Element>& elements, Condition condition) {
+    const auto end = std::remove_if(elements.begin(), elements.end(), condition);
+    const bool found = end != elements.end();
+    elements.erase(end, elements.end());
+    return found;
+}
+
 } // namespace
 
 namespace velnor {
@@ -57,12 +66,20 @@ bool EventDispatcher::processEvents(QEventLoop::ProcessEventsFlags flags) {
 
     const bool mayBlock = flags.testFlag(QEventLoop::WaitForMoreEvents) && !interrupted;
     const bool timersCount = !flags.testFlag(QEventLoop::X11ExcludeTimers);
-    std::vector<pollfd> set;
-    if (!flags.testFlag(QEventLoop::ExcludeSocketNotifiers)) {
-        set = pollSet();
+    if (mayBlock) {
+        Q_EMIT aboutToBlock();
     }
-    bool worked = waitForWork(mayBlock, timersCount, set);
-    worked = activateNotifiers(set) || worked;
+    std::vector<Registration> polled;
+    if (!flags.testFlag(QEventLoop::ExcludeSocketNotifiers)) {
+        polled = notifiers;
+    }
+    std::vector<pollfd> files;
+    for (const Registration& each : polled) {
+        files.push_back(
+            {static_cast<int>(each.notifier->socket()), pollEventsOf(each.notifier->type()), 0});
+    }
+    bool worked = waitForWork(mayBlock, timersCount, files);
+    worked = activateNotifiers(polled, files) || worked;
     if (timersCount) {
         worked = activateTimers() || worked;
     }
@@ -70,10 +87,7 @@ bool EventDispatcher::processEvents(QEventLoop::ProcessEventsFlags flags) {
 }
 
 // Tells whether the wake-up file was the reason to go on: an event was posted.
-bool EventDispatcher::waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& set) {
-    if (mayBlock) {
-        Q_EMIT aboutToBlock();
-    }
+bool EventDispatcher::waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& files) {
     int timeout = mayBlock ? Forever : 0;
     if (timersCount) {
         timeout = earlier(timeout, timeUntilNextTimer());
@@ -81,13 +95,12 @@ bool EventDispatcher::waitForWork(bool mayBlock, bool timersCount, std::vector<p
     if (wakeUpFile < 0) {
         timeout = earlier(timeout, BlindPollInterval);
     }
-    set.push_back({wakeUpFile, POLLIN, 0});
-    poll(set.data(), set.size(), timeout);
-    const bool woken = set.back().revents != 0;
-    set.pop_back();
+    files.push_back({wakeUpFile, POLLIN, 0});
+    poll(files.data(), files.size(), timeout);
+    const bool woken = files.back().revents != 0;
+    files.pop_back();
     if (woken) {
         clearWakeUp();
-        QCoreApplication::sendPostedEvents();
     }
     return woken;
 }
@@ -104,36 +117,34 @@ bool EventDispatcher::hasPendingEvents() {
 }
 
 void EventDispatcher::registerSocketNotifier(QSocketNotifier* notifier) {
-    notifiers.append(notifier);
+    notifiers.push_back({notifier, ++lastNumber});
 }
 
 void EventDispatcher::unregisterSocketNotifier(QSocketNotifier* notifier) {
-    notifiers.removeAll(notifier);
+    removeAll(notifiers,
+              [notifier](const Registration& each) { return each.notifier == notifier; });
 }
 
-std::vector<pollfd> EventDispatcher::pollSet() const {
-    std::vector<pollfd> set;
-    for (QSocketNotifier* notifier : notifiers) {
-        set.push_back({static_cast<int>(notifier->socket()), pollEventsOf(notifier->type()), 0});
-    }
-    return set;
+bool EventDispatcher::isRegistered(const Registration& registration) const {
+    return std::any_of(notifiers.begin(), notifiers.end(), [&](const Registration& each) {
+        return each.number == registration.number;
+    });
 }
 
-bool EventDispatcher::activateNotifiers(const std::vector<pollfd>& set) {
-    const QList<QSocketNotifier*> polled = notifiers;
+bool EventDispatcher::activateNotifiers(const std::vector<Registration>& polled,
+                                        const std::vector<pollfd>& files) {
     bool activated = false;
-    for (size_t i = 0; i < set.size(); ++i) {
-        QSocketNotifier* notifier = polled.value(static_cast<int>(i));
+    for (size_t i = 0; i < polled.size(); ++i) {
         // An earlier one may have unregistered it.
-        if (set[i].revents == 0 || !notifiers.contains(notifier)) {
+        if (files[i].revents == 0 || !isRegistered(polled[i])) {
             continue;
         }
-        if ((set[i].revents & POLLNVAL) != 0) {
+        if ((files[i].revents & POLLNVAL) != 0) {
             // Its file is closed: it would be reported again at once, for ever.
-            notifier->setEnabled(false);
+            polled[i].notifier->setEnabled(false);
         } else {
             QEvent event(QEvent::SockAct);
-            QCoreApplication::sendEvent(notifier, &event);
+            QCoreApplication::sendEvent(polled[i].notifier, &event);
             activated = true;
         }
     }

@@ -6,9 +6,9 @@
 
 #include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
-#include <QList>
 
 #include <atomic>
+#include <cstdint>
 #include <vector>
 
 struct pollfd;
@@ -51,16 +51,24 @@ private:
         bool isFiring = false;
     };
 
-    std::vector<pollfd> pollSet() const;
-    int timeUntilNextTimer() const;
-    bool waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& set);
+    // The number tells a notifier from a later one at the same address.
+    struct Registration {
+        QSocketNotifier* notifier;
+        std::uint64_t number;
+    };
+
+    bool waitForWork(bool mayBlock, bool timersCount, std::vector<pollfd>& files);
     void clearWakeUp() const;
-    bool activateNotifiers(const std::vector<pollfd>& set);
+    bool activateNotifiers(const std::vector<Registration>& polled,
+                           const std::vector<pollfd>& files);
+    bool isRegistered(const Registration& registration) const;
+    int timeUntilNextTimer() const;
     Timer* findTimer(int timerId);
 
     int wakeUpFile;
     std::atomic<bool> interrupted{false};
-    QList<QSocketNotifier*> notifiers;
+    std::vector<Registration> notifiers;
+    std::uint64_t lastNumber = 0;
     std::vector<Timer> timers;
 };
 

@@ -1,13 +1,17 @@
 #include "api/event_dispatcher.h"
 
 #include "dispatched_thread.h"
+#include "support/qt_messages.h"
 
 #include <gtest/gtest.h>
 
 #include <QSocketNotifier>
 
 #include <array>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <ostream>
 #include <stdexcept>
 #include <thread>
 
@@ -170,6 +174,112 @@ TEST(DispatcherSockets, ANotifierMayDisableOneThatIsReadyWithIt) {
         other.write();
         dispatcher.processEvents(QEventLoop::AllEvents);
         EXPECT_EQ(first.activations + second.activations, 1);
+    });
+}
+
+// What the host does with one notifier while another is ready.
+struct Change {
+    const char* name;
+    std::function<void(CountingNotifier& changed)> make;
+};
+
+void PrintTo(const Change& change, std::ostream* out) {
+    *out << change.name;
+}
+
+class ChangesOfNotifiers : public testing::TestWithParam<Change> {};
+
+TEST_P(ChangesOfNotifiers, BeforeTheWaitingActivateTheOneThatIsReady) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        const Pipe idle;
+        const Pipe pipe;
+        CountingNotifier changed(idle.input(), QSocketNotifier::Read);
+        const CountingNotifier ready(pipe.input(), QSocketNotifier::Read);
+        const CountingNotifier last(idle.input(), QSocketNotifier::Exception);
+        QObject::connect(&dispatcher, &QAbstractEventDispatcher::aboutToBlock, &dispatcher,
+                         [&changed] { GetParam().make(changed); });
+        pipe.write();
+        dispatcher.processEvents(QEventLoop::WaitForMoreEvents);
+        EXPECT_EQ(changed.activations, 0);
+        EXPECT_EQ(ready.activations, 1);
+        EXPECT_EQ(last.activations, 0);
+    });
+}
+
+TEST_P(ChangesOfNotifiers, BeforeTheWaitingDisableTheOneWhoseFileIsClosed) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        const Pipe idle;
+        Pipe pipe;
+        CountingNotifier changed(idle.input(), QSocketNotifier::Read);
+        const CountingNotifier closed(pipe.output(), QSocketNotifier::Write);
+        const CountingNotifier last(idle.input(), QSocketNotifier::Exception);
+        QObject::connect(&dispatcher, &QAbstractEventDispatcher::aboutToBlock, &dispatcher,
+                         [&changed] { GetParam().make(changed); });
+        pipe.closeOutput();
+        dispatcher.wakeUp();
+        dispatcher.processEvents(QEventLoop::WaitForMoreEvents);
+        EXPECT_FALSE(closed.notifier->isEnabled());
+        EXPECT_TRUE(last.notifier->isEnabled());
+    });
+}
+
+void disable(CountingNotifier& changed) {
+    changed.notifier->setEnabled(false);
+}
+
+void enableAgain(CountingNotifier& changed) {
+    changed.notifier->setEnabled(false);
+    changed.notifier->setEnabled(true);
+}
+
+void remove(CountingNotifier& changed) {
+    changed.notifier.reset();
+}
+
+void replace(CountingNotifier& changed) {
+    const auto file = static_cast<int>(changed.notifier->socket());
+    changed.notifier = std::make_unique<QSocketNotifier>(file, QSocketNotifier::Exception);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dispatcher, ChangesOfNotifiers,
+                         testing::Values(Change{"disable", disable},
+                                         Change{"enable again", enableAgain},
+                                         Change{"remove", remove}, Change{"replace", replace}));
+
+TEST(DispatcherSockets, ANotifierInThePlaceOfAReadyOneIsNotActivated) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        const Pipe pipe;
+        const Pipe other;
+        const Pipe idle;
+        int activations = 0;
+        const CountingNotifier first(pipe.input(), QSocketNotifier::Read);
+        std::optional<QSocketNotifier> second(std::in_place, other.input(), QSocketNotifier::Read);
+        QObject::connect(first.notifier.get(), &QSocketNotifier::activated, [&] {
+            second.emplace(idle.input(), QSocketNotifier::Read);
+            QObject::connect(&*second, &QSocketNotifier::activated,
+                             [&activations] { ++activations; });
+        });
+        pipe.write();
+        other.write();
+        dispatcher.processEvents(QEventLoop::AllEvents);
+        EXPECT_EQ(first.activations, 1);
+        EXPECT_EQ(activations, 0);
+    });
+}
+
+TEST(DispatcherSockets, ANotifierOfANegativeDescriptorChangesNothingForTheOthers) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        const Pipe pipe;
+        const QtMessages refusal;
+        const CountingNotifier invalid(-1, QSocketNotifier::Read);
+        const CountingNotifier reader(pipe.input(), QSocketNotifier::Read);
+        dispatcher.registerSocketNotifier(invalid.notifier.get());
+        pipe.write();
+        dispatcher.processEvents(QEventLoop::AllEvents);
+        EXPECT_EQ(invalid.activations, 0);
+        EXPECT_EQ(reader.activations, 1);
+        EXPECT_TRUE(reader.notifier->isEnabled());
+        dispatcher.unregisterSocketNotifier(invalid.notifier.get());
     });
 }
 
