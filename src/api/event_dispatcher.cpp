@@ -6,7 +6,7 @@
 #include <QSocketNotifier>
 
 #include <algorithm>
-#include <cstdint>
+#include <iterator>
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -151,26 +151,22 @@ bool EventDispatcher::activateNotifiers(const std::vector<Registration>& polled,
     return activated;
 }
 
+EventDispatcher::TimePoint EventDispatcher::currentTime() const {
+    return std::chrono::steady_clock::now();
+}
+
 void EventDispatcher::registerTimer(int timerId, int interval, Qt::TimerType type,
                                     QObject* object) {
-    timers.push_back({timerId, interval, type, object, QDeadlineTimer(interval, type)});
+    const std::chrono::milliseconds period(interval);
+    timers.push_back({timerId, period, type, object, currentTime() + period});
 }
 
 bool EventDispatcher::unregisterTimer(int timerId) {
-    const auto end = std::remove_if(timers.begin(), timers.end(),
-                                    [timerId](const Timer& timer) { return timer.id == timerId; });
-    const bool found = end != timers.end();
-    timers.erase(end, timers.end());
-    return found;
+    return removeAll(timers, [timerId](const Timer& timer) { return timer.id == timerId; });
 }
 
 bool EventDispatcher::unregisterTimers(QObject* object) {
-    const auto end = std::remove_if(timers.begin(), timers.end(), [object](const Timer& timer) {
-        return timer.object == object;
-    });
-    const bool found = end != timers.end();
-    timers.erase(end, timers.end());
-    return found;
+    return removeAll(timers, [object](const Timer& timer) { return timer.object == object; });
 }
 
 QList<QAbstractEventDispatcher::TimerInfo>
@@ -178,7 +174,7 @@ EventDispatcher::registeredTimers(QObject* object) const {
     QList<TimerInfo> found;
     for (const Timer& timer : timers) {
         if (timer.object == object) {
-            found.append(TimerInfo(timer.id, timer.interval, timer.type));
+            found.append(TimerInfo(timer.id, static_cast<int>(timer.interval.count()), timer.type));
         }
     }
     return found;
@@ -186,7 +182,13 @@ EventDispatcher::registeredTimers(QObject* object) const {
 
 int EventDispatcher::remainingTime(int timerId) {
     const Timer* timer = findTimer(timerId);
-    return timer != nullptr ? static_cast<int>(timer->due.remainingTime()) : -1;
+    return timer != nullptr ? remainingTime(*timer) : -1;
+}
+
+int EventDispatcher::remainingTime(const Timer& timer) const {
+    // Rounded up: poll would return too early.
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(timer.due - currentTime());
+    return std::max(static_cast<int>(left.count()), 0);
 }
 
 EventDispatcher::Timer* EventDispatcher::findTimer(int timerId) {
@@ -199,29 +201,50 @@ int EventDispatcher::timeUntilNextTimer() const {
     int next = Forever;
     for (const Timer& timer : timers) {
         // A handler that runs events of its own is not called again meanwhile.
-        next = timer.isFiring ? next : earlier(next, static_cast<int>(timer.due.remainingTime()));
+        next = timer.isFiring ? next : earlier(next, remainingTime(timer));
     }
     return next;
 }
 
-bool EventDispatcher::activateTimers() {
-    std::vector<int> due;
-    for (const Timer& timer : timers) {
-        if (!timer.isFiring && timer.due.hasExpired()) {
-            due.push_back(timer.id);
-        }
+// In the order in which they became due.
+std::vector<int> EventDispatcher::dueTimers() const {
+    const TimePoint now = currentTime();
+    std::vector<Timer> due;
+    std::copy_if(timers.begin(), timers.end(), std::back_inserter(due),
+                 [now](const Timer& timer) { return !timer.isFiring && timer.due <= now; });
+    std::stable_sort(due.begin(), due.end(),
+                     [](const Timer& left, const Timer& right) { return left.due < right.due; });
+    std::vector<int> ids;
+    std::transform(due.begin(), due.end(), std::back_inserter(ids),
+                   [](const Timer& timer) { return timer.id; });
+    return ids;
+}
+
+void EventDispatcher::activateTimer(int timerId) {
+    const TimePoint now = currentTime();
+    Timer* timer = findTimer(timerId);
+    // Those before it may have stopped it, or have run it in a loop of their own.
+    if (timer == nullptr || timer->isFiring || timer->due > now) {
+        return;
     }
+    timer->due += timer->interval;
+    if (timer->due < now) {
+        // Periods that were missed are not made up for.
+        timer->due = now + timer->interval;
+    }
+    timer->isFiring = true;
+    QTimerEvent event(timerId);
+    QCoreApplication::sendEvent(timer->object, &event);
+    // It may have stopped itself.
+    if (Timer* fired = findTimer(timerId)) {
+        fired->isFiring = false;
+    }
+}
+
+bool EventDispatcher::activateTimers() {
+    const std::vector<int> due = dueTimers();
     for (const int id : due) {
-        // Each may stop the others, and itself.
-        if (Timer* timer = findTimer(id)) {
-            timer->isFiring = true;
-            timer->due = QDeadlineTimer(timer->interval, timer->type);
-            QTimerEvent event(id);
-            QCoreApplication::sendEvent(timer->object, &event);
-        }
-        if (Timer* timer = findTimer(id)) {
-            timer->isFiring = false;
-        }
+        activateTimer(id);
     }
     return !due.empty();
 }

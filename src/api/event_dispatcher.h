@@ -5,9 +5,9 @@
 #define VELNOR_API_EVENT_DISPATCHER_H
 
 #include <QAbstractEventDispatcher>
-#include <QDeadlineTimer>
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -41,13 +41,18 @@ public:
     // Sends the events of the timers that are due, and nothing else.
     bool activateTimers();
 
+protected:
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    virtual TimePoint currentTime() const;
+
 private:
     struct Timer {
         int id;
-        int interval; // milliseconds
+        std::chrono::milliseconds interval;
         Qt::TimerType type;
         QObject* object;
-        QDeadlineTimer due;
+        TimePoint due;
         bool isFiring = false;
     };
 
@@ -63,6 +68,9 @@ private:
                            const std::vector<pollfd>& files);
     bool isRegistered(const Registration& registration) const;
     int timeUntilNextTimer() const;
+    int remainingTime(const Timer& timer) const;
+    std::vector<int> dueTimers() const;
+    void activateTimer(int timerId);
     Timer* findTimer(int timerId);
 
     int wakeUpFile;

@@ -10,8 +10,11 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <functional>
 #include <limits>
+#include <ostream>
 #include <vector>
 
 using testing::AllOf;
@@ -34,6 +37,18 @@ protected:
         received.push_back(event->timerId());
         onTimer(event->timerId());
     }
+};
+
+// A dispatcher whose time passes when a test says so.
+class TimedDispatcher : public velnor::EventDispatcher {
+public:
+    void pass(int milliseconds) { now += std::chrono::milliseconds(milliseconds); }
+
+protected:
+    TimePoint currentTime() const override { return now; }
+
+private:
+    TimePoint now = std::chrono::steady_clock::now();
 };
 
 class TimersOfEveryType : public testing::TestWithParam<Qt::TimerType> {};
@@ -202,6 +217,62 @@ TEST(DispatcherTimers, ActivatingTimersDeliversNothingElse) {
         EXPECT_EQ(receiver.received.size(), 1U);
         EXPECT_FALSE(posted);
     });
+}
+
+TEST(DispatcherTimers, OverdueTimersFireInTheOrderInWhichTheyBecameDue) {
+    TimedDispatcher dispatcher;
+    Receiver receiver;
+    constexpr std::array<int, 5> Intervals = {30, 10, 40, 10, 20};
+    for (size_t i = 0; i < Intervals.size(); ++i) {
+        dispatcher.registerTimer(FirstId + static_cast<int>(i), Intervals.at(i), Qt::PreciseTimer,
+                                 &receiver);
+    }
+    dispatcher.pass(35);
+    EXPECT_TRUE(dispatcher.activateTimers());
+    EXPECT_EQ(receiver.received,
+              (std::vector<int>{FirstId + 1, FirstId + 3, FirstId + 4, FirstId}));
+}
+
+// A timer of 10 ms that fires too late, and how long after that it is due again.
+struct Lateness {
+    int late;
+    int remaining;
+};
+
+void PrintTo(const Lateness& lateness, std::ostream* out) {
+    *out << lateness.late << " ms late";
+}
+
+class LateTimers : public testing::TestWithParam<Lateness> {};
+
+TEST_P(LateTimers, FireOnceAndKeepTheirPace) {
+    TimedDispatcher dispatcher;
+    Receiver receiver;
+    dispatcher.registerTimer(FirstId, 10, Qt::PreciseTimer, &receiver);
+    dispatcher.pass(10 + GetParam().late);
+    EXPECT_TRUE(dispatcher.activateTimers());
+    EXPECT_EQ(dispatcher.remainingTime(FirstId), GetParam().remaining);
+    EXPECT_EQ(receiver.received.size(), 1U);
+    EXPECT_EQ(dispatcher.activateTimers(), GetParam().remaining == 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dispatcher, LateTimers,
+                         testing::Values(Lateness{0, 10}, Lateness{3, 7}, Lateness{9, 1},
+                                         Lateness{10, 0}, Lateness{11, 10}, Lateness{1000, 10}));
+
+TEST(DispatcherTimers, ATimerThatWasFiredInsideAHandlerIsNotFiredAgainBeforeItsTime) {
+    TimedDispatcher dispatcher;
+    Receiver receiver;
+    dispatcher.registerTimer(FirstId, 10, Qt::PreciseTimer, &receiver);
+    dispatcher.registerTimer(FirstId + 1, 20, Qt::PreciseTimer, &receiver);
+    receiver.onTimer = [&](int timer) {
+        if (timer == FirstId) {
+            dispatcher.activateTimers();
+        }
+    };
+    dispatcher.pass(25);
+    dispatcher.activateTimers();
+    EXPECT_EQ(receiver.received, (std::vector<int>{FirstId, FirstId + 1}));
 }
 
 TEST(DispatcherTimers, RegisteredTimersAreListedByTheirObject) {
