@@ -4,8 +4,10 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
+#include <QThread>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include <poll.h>
@@ -34,6 +36,27 @@ int earlier(int left, int right) {
         return right;
     }
     return right == Forever ? left : std::min(left, right);
+}
+
+// The start of Qt 5.15's private data of a thread. detachFromThread() checks what it finds there.
+struct ThreadData {
+    std::array<int, 3> counts;
+    void* eventLoops;
+    void* postedEvents;
+    std::array<int, 3> postedEventPositions;
+    void* postedEventLock;
+    QThread* thread;
+    void* systemThread;
+    QAbstractEventDispatcher* dispatcher;
+};
+
+static_assert(QT_VERSION >= QT_VERSION_CHECK(5, 15, 0) && QT_VERSION < QT_VERSION_CHECK(6, 0, 0),
+              "another Qt keeps the dispatcher of a thread elsewhere");
+
+// Of the thread that an object lives on: the second pointer after the object's public data.
+ThreadData* threadDataOf(const QObjectData* object) {
+    const char* const privatePart = reinterpret_cast<const char*>(object) + sizeof(QObjectData);
+    return *reinterpret_cast<ThreadData* const*>(privatePart + sizeof(void*));
 }
 
 // Tells whether there was one.
@@ -155,6 +178,24 @@ EventDispatcher::TimePoint EventDispatcher::currentTime() const {
     return std::chrono::steady_clock::now();
 }
 
+void EventDispatcher::attachToThread() {
+    // Objects that were destroyed meanwhile could not unregister their timers.
+    unregisterTimers(nullptr);
+    QThread::currentThread()->setEventDispatcher(this);
+}
+
+// Qt has no function for this. Without it, a QGuiApplication that the host makes on the thread
+// later would use this dispatcher instead of the platform's, and only that delivers window events.
+bool EventDispatcher::detachFromThread() {
+    ThreadData* const data = threadDataOf(d_ptr.data());
+    if (data->thread != QThread::currentThread() || data->dispatcher != this) {
+        return false;
+    }
+    // Other threads read it when they post an event.
+    __atomic_store_n(&data->dispatcher, nullptr, __ATOMIC_RELEASE);
+    return true;
+}
+
 void EventDispatcher::registerTimer(int timerId, int interval, Qt::TimerType type,
                                     QObject* object) {
     const std::chrono::milliseconds period(interval);
@@ -166,7 +207,10 @@ bool EventDispatcher::unregisterTimer(int timerId) {
 }
 
 bool EventDispatcher::unregisterTimers(QObject* object) {
-    return removeAll(timers, [object](const Timer& timer) { return timer.object == object; });
+    // The pointer is null already where its object is being destroyed.
+    return removeAll(timers, [object](const Timer& timer) {
+        return timer.object.isNull() || timer.object == object;
+    });
 }
 
 QList<QAbstractEventDispatcher::TimerInfo>
@@ -224,7 +268,7 @@ void EventDispatcher::activateTimer(int timerId) {
     const TimePoint now = currentTime();
     Timer* timer = findTimer(timerId);
     // Those before it may have stopped it, or have run it in a loop of their own.
-    if (timer == nullptr || timer->isFiring || timer->due > now) {
+    if (timer == nullptr || timer->object.isNull() || timer->isFiring || timer->due > now) {
         return;
     }
     timer->due += timer->interval;

@@ -5,6 +5,7 @@
 #define VELNOR_API_EVENT_DISPATCHER_H
 
 #include <QAbstractEventDispatcher>
+#include <QPointer>
 
 #include <atomic>
 #include <chrono>
@@ -41,6 +42,12 @@ public:
     // Sends the events of the timers that are due, and nothing else.
     bool activateTimers();
 
+    // Makes it the dispatcher of the current thread, which has none.
+    void attachToThread();
+    // Leaves the current thread without a dispatcher again, and keeps the timers. Returns false and
+    // stays attached if Qt's data of the thread does not have the expected layout.
+    bool detachFromThread();
+
 protected:
     using TimePoint = std::chrono::steady_clock::time_point;
 
@@ -51,7 +58,7 @@ private:
         int id;
         std::chrono::milliseconds interval;
         Qt::TimerType type;
-        QObject* object;
+        QPointer<QObject> object;
         TimePoint due;
         bool isFiring = false;
     };

@@ -4,14 +4,33 @@
 
 #include <QCoreApplication>
 #include <QThread>
+#include <QThreadStorage>
 
 #include <memory>
 #include <stdexcept>
 
+namespace {
+
+using OwnDispatcher = std::unique_ptr<velnor::EventDispatcher>;
+
+// Lives as long as the thread. The font cache's timer stays in it between calls, and another thread
+// that has just posted an event may still be about to wake it up.
+OwnDispatcher& dispatcherOfThread() {
+    // Never destroyed: threads may end after static objects are gone.
+    static auto* const dispatchers = new QThreadStorage<OwnDispatcher>;
+    OwnDispatcher& own = dispatchers->localData();
+    if (own == nullptr) {
+        own = std::make_unique<velnor::EventDispatcher>();
+    }
+    return own;
+}
+
+} // namespace
+
 void velnor::ensureThreadHasDispatcher() {
     if (QAbstractEventDispatcher::instance() == nullptr) {
         // Destroyed by Qt when the thread, or the application on it, ends.
-        QThread::currentThread()->setEventDispatcher(std::make_unique<EventDispatcher>().release());
+        std::make_unique<EventDispatcher>().release()->attachToThread();
     }
 }
 
@@ -19,17 +38,24 @@ velnor::HostThread::HostThread() {
     if (call.isRefused()) {
         throw std::runtime_error("the process ends");
     }
-    // A host that makes its application later must find its thread as it was.
-    if (QCoreApplication::instance() != nullptr) {
-        ensureThreadHasDispatcher();
+    // Without an application nothing is drawn that needs fonts.
+    if (QCoreApplication::instance() != nullptr &&
+        QAbstractEventDispatcher::instance() == nullptr) {
+        given = dispatcherOfThread().get();
+        given->attachToThread();
     }
 }
 
 velnor::HostThread::~HostThread() {
+    if (given == nullptr) {
+        return;
+    }
     try {
-        if (auto* own = dynamic_cast<EventDispatcher*>(QAbstractEventDispatcher::instance())) {
-            own->activateTimers();
-        }
+        given->activateTimers();
     } catch (...) { // without memory the timers wait for the next call
+    }
+    if (!given->detachFromThread()) {
+        // It stays the thread's dispatcher; Qt destroys it with the thread.
+        static_cast<void>(dispatcherOfThread().release());
     }
 }

@@ -6,8 +6,13 @@
 
 #include <velnorxmltoimg.h>
 
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
 #include <QGuiApplication>
+#include <QTimer>
+#include <QWindow>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <thread>
@@ -37,6 +42,50 @@ void drawInApplicationOfLibrary(const char* output) {
     const pthread_t starter = startApplication();
     drawDocument(TICKET, output);
     CHECK(endApplication(starter) == nullptr);
+}
+
+class CountingWindow : public QWindow {
+public:
+    int exposures = 0;
+
+protected:
+    void exposeEvent(QExposeEvent* /*event*/) override { ++exposures; }
+};
+
+// Timers without an interval whose slots draw, until each has drawn a few times.
+class DrawingTimers {
+public:
+    explicit DrawingTimers(QEventLoop& endedLoop) : loop(endedLoop) {
+        for (auto& timer : timers) {
+            QObject::connect(&timer, &QTimer::timeout, [this] { draw(); });
+            timer.start(0);
+        }
+    }
+
+    int deepest() const { return deepestDraw; }
+
+private:
+    void draw() {
+        deepestDraw = std::max(deepestDraw, ++depth);
+        checkDraws(TICKET, "expected.png");
+        --depth;
+        if (++drawn == Rounds * static_cast<int>(timers.size())) {
+            loop.quit();
+        }
+    }
+
+    QEventLoop& loop;
+    std::array<QTimer, 8> timers;
+    int depth = 0;
+    int deepestDraw = 0;
+    int drawn = 0;
+};
+
+void drawInTimersOfALoop() {
+    QEventLoop loop;
+    const DrawingTimers timers(loop);
+    loop.exec();
+    CHECK_INT(1, timers.deepest());
 }
 
 } // namespace
@@ -84,4 +133,36 @@ CASE(a_thread_draws_while_the_application_of_the_host_runs_its_event_loop) {
     });
     CHECK_INT(0, QGuiApplication::exec());
     drawing.join();
+}
+
+CASE(a_thread_that_called_the_library_is_as_it_was_for_a_later_application_of_the_host) {
+    drawInApplicationOfLibrary("of-library.png");
+    CHECK(QAbstractEventDispatcher::instance() == nullptr);
+
+    HostArguments arguments;
+    const QGuiApplication application(arguments.count, arguments.values.data());
+    CountingWindow window;
+    window.show();
+    QCoreApplication::processEvents();
+    CHECK_INT(1, window.exposures);
+}
+
+CASE(timers_of_a_host_thread_do_not_fire_inside_a_call) {
+    const pthread_t starter = startApplication();
+    drawDocument(TICKET, "expected.png");
+    drawInTimersOfALoop();
+    CHECK(endApplication(starter) == nullptr);
+}
+
+CASE(timers_on_the_thread_of_the_application_do_not_fire_inside_a_call) {
+    const pthread_t starter = startApplication();
+    drawDocument(TICKET, "expected.png");
+    QMetaObject::invokeMethod(
+        qApp,
+        [] {
+            drawInTimersOfALoop();
+            QCoreApplication::quit();
+        },
+        Qt::QueuedConnection);
+    CHECK(pthread_join(starter, nullptr) == 0);
 }

@@ -14,6 +14,7 @@
 #include <chrono>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <ostream>
 #include <vector>
 
@@ -158,6 +159,15 @@ TEST(DispatcherTimers, ATimerMayDeleteTheReceiverOfAnother) {
         dispatcher.processEvents(QEventLoop::AllEvents);
         EXPECT_EQ(victim, nullptr);
         EXPECT_EQ(receiver.received.size(), 2U);
+    });
+}
+
+TEST(DispatcherTimers, ADeletedReceiverLeavesNoTimerBehind) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        auto receiver = std::make_unique<Receiver>();
+        receiver->startTimer(0);
+        receiver.reset();
+        EXPECT_FALSE(dispatcher.hasPendingEvents());
     });
 }
 

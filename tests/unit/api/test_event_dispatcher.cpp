@@ -188,4 +188,16 @@ TEST(EventDispatcher, ItIsTheDispatcherOfItsThread) {
     });
 }
 
+TEST(EventDispatcher, OnlyThatOfTheThreadDetachesFromIt) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
+        EXPECT_FALSE(velnor::EventDispatcher().detachFromThread());
+        EXPECT_EQ(QAbstractEventDispatcher::instance(), &dispatcher);
+        EXPECT_TRUE(dispatcher.detachFromThread());
+        EXPECT_EQ(QAbstractEventDispatcher::instance(), nullptr);
+        EXPECT_FALSE(dispatcher.detachFromThread());
+        dispatcher.attachToThread();
+        EXPECT_EQ(QAbstractEventDispatcher::instance(), &dispatcher);
+    });
+}
+
 } // namespace

@@ -8,8 +8,10 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QPointer>
 #include <QThread>
+#include <QTimer>
 #include <QTimerEvent>
 
 #include <limits>
@@ -46,28 +48,52 @@ int openFiles() {
     return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoFilter).size();
 }
 
-TEST(AHostThread, GetsADispatcherThatStaysAfterTheCall) {
+bool hasOurDispatcher() {
+    return dynamic_cast<velnor::EventDispatcher*>(currentDispatcher()) != nullptr;
+}
+
+TEST(AHostThread, HasADispatcherDuringACall) {
+    const QtMessages messages;
     onPlainThread([] {
         EXPECT_EQ(currentDispatcher(), nullptr);
-        QPointer<QAbstractEventDispatcher> given;
         {
             const HostThread thread;
-            given = currentDispatcher();
-            EXPECT_NE(dynamic_cast<velnor::EventDispatcher*>(given.data()), nullptr);
+            EXPECT_TRUE(hasOurDispatcher());
+            { const HostThread nested; }
+            EXPECT_TRUE(hasOurDispatcher());
         }
-        EXPECT_FALSE(given.isNull());
+        EXPECT_EQ(currentDispatcher(), nullptr);
+    });
+    EXPECT_EQ(messages.heard(), "");
+}
+
+// Another thread that posts an event reads the dispatcher and then wakes it up.
+TEST(AHostThread, HasTheSameDispatcherInEachCall) {
+    onPlainThread([] {
+        QPointer<QAbstractEventDispatcher> given;
+        {
+            const HostThread first;
+            given = currentDispatcher();
+        }
+        ASSERT_FALSE(given.isNull());
+        given->wakeUp();
+        const HostThread second;
         EXPECT_EQ(currentDispatcher(), given);
     });
 }
 
-TEST(AHostThread, KeepsTheDispatcherOfAnEarlierCall) {
+TEST(AHostThread, RunsAnEventLoopOfItsOwnBetweenCalls) {
     const QtMessages messages;
     onPlainThread([] {
         { const HostThread first; }
-        QAbstractEventDispatcher* const given = currentDispatcher();
-        const HostThread second;
-        const HostThread nested;
-        EXPECT_EQ(currentDispatcher(), given);
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&loop] {
+            { const HostThread second; }
+            loop.quit();
+        });
+        loop.exec();
+        EXPECT_NE(currentDispatcher(), nullptr);
+        EXPECT_FALSE(hasOurDispatcher());
     });
     EXPECT_EQ(messages.heard(), "");
 }
@@ -112,6 +138,19 @@ TEST(AHostThread, DoesNotRunTimersThatAreNotDue) {
             receiver.startTimer(Never);
         }
         EXPECT_EQ(receiver.timers, 0);
+    });
+}
+
+TEST(AHostThread, ForgetsTheTimersOfObjectsThatWereDestroyedBetweenCalls) {
+    onPlainThread([] {
+        int timer = 0;
+        {
+            Receiver receiver; // destroyed after the call
+            const HostThread thread;
+            timer = receiver.startTimer(Never);
+        }
+        const HostThread later;
+        EXPECT_EQ(currentDispatcher()->remainingTime(timer), -1);
     });
 }
 
