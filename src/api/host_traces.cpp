@@ -1,8 +1,10 @@
 #include "api/host_traces.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QString>
+#include <QTextCodec>
 
 #include <array>
 #include <atomic>
@@ -83,4 +85,22 @@ velnor::RuntimeFolderKeeper::~RuntimeFolderKeeper() {
     if (!newFolder.isEmpty()) {
         rmdir(newFolder.constData());
     }
+}
+
+velnor::AttributeKeeper::AttributeKeeper(Qt::ApplicationAttribute kept)
+    : attribute(kept), hostValue(QCoreApplication::testAttribute(kept)) {}
+
+velnor::AttributeKeeper::~AttributeKeeper() {
+    QCoreApplication::setAttribute(attribute, hostValue);
+}
+
+velnor::LocaleCodecKeeper::LocaleCodecKeeper() : hostCodec(QTextCodec::codecForLocale()) {
+    QTextCodec::setCodecForLocale(nullptr);
+    if (QTextCodec::codecForLocale() == hostCodec) {
+        hostCodec = nullptr; // Qt's default, which depends on the locale of the time
+    }
+}
+
+velnor::LocaleCodecKeeper::~LocaleCodecKeeper() {
+    QTextCodec::setCodecForLocale(hostCodec);
 }

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+class QTextCodec;
+
 namespace velnor {
 
 // Qt's application takes the environment's locale for the whole process. While this lives it may;
@@ -39,6 +41,31 @@ public:
 
 private:
     QByteArray newFolder; // empty when the folder was there before
+};
+
+// Restores an attribute of the application to the host's value.
+class AttributeKeeper {
+public:
+    explicit AttributeKeeper(Qt::ApplicationAttribute kept);
+    ~AttributeKeeper();
+    AttributeKeeper(const AttributeKeeper&) = delete;
+    AttributeKeeper& operator=(const AttributeKeeper&) = delete;
+
+private:
+    Qt::ApplicationAttribute attribute;
+    bool hostValue;
+};
+
+// Restores the codec that Qt uses for the locale: the host's, or Qt's default if the host set none.
+class LocaleCodecKeeper {
+public:
+    LocaleCodecKeeper();
+    ~LocaleCodecKeeper();
+    LocaleCodecKeeper(const LocaleCodecKeeper&) = delete;
+    LocaleCodecKeeper& operator=(const LocaleCodecKeeper&) = delete;
+
+private:
+    QTextCodec* hostCodec;
 };
 
 } // namespace velnor

@@ -67,6 +67,14 @@ std::unique_ptr<QGuiApplication> makeApplication() {
     return std::make_unique<QGuiApplication>(qtargc, qtargv);
 }
 
+// The library's application. Settings of Qt that it changes get their earlier values when it ends.
+class OwnApplication {
+    const velnor::AttributeKeeper resolution{Qt::AA_Use96Dpi};
+    const velnor::AttributeKeeper scaling{Qt::AA_DisableHighDpiScaling};
+    const velnor::LocaleCodecKeeper codec;
+    const std::unique_ptr<QGuiApplication> application = makeApplication();
+};
+
 // Qt makes these at their first use: some under locks that it does not let go where memory runs out,
 // some to be destroyed when the process exits, which must not come before the wait for calls.
 void makeWhatQtMakesAtFirstUse() {
@@ -86,12 +94,12 @@ void tellStarted(bool started) {
     qtStarted = started ? 1 : 0;
 }
 
-std::unique_ptr<QGuiApplication> makeCompleteApplication() {
+std::unique_ptr<OwnApplication> makeCompleteApplication() {
     const velnor::ApplicationChange change;
     // Still 1 where an earlier application has ended.
     qtStarted = 0;
     velnor::ensureThreadHasDispatcher();
-    auto application = makeApplication();
+    auto application = std::make_unique<OwnApplication>();
     tellStarted(true);
     try {
         makeWhatQtMakesAtFirstUse();

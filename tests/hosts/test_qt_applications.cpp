@@ -9,6 +9,7 @@
 #include <QAbstractEventDispatcher>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QTextCodec>
 #include <QTimer>
 #include <QWindow>
 
@@ -136,8 +137,12 @@ CASE(a_thread_draws_while_the_application_of_the_host_runs_its_event_loop) {
 }
 
 CASE(a_thread_that_called_the_library_is_as_it_was_for_a_later_application_of_the_host) {
+    const bool had96Dpi = QCoreApplication::testAttribute(Qt::AA_Use96Dpi);
+    QTextCodec* const codec = QTextCodec::codecForLocale();
     drawInApplicationOfLibrary("of-library.png");
     CHECK(QAbstractEventDispatcher::instance() == nullptr);
+    CHECK_INT(had96Dpi, QCoreApplication::testAttribute(Qt::AA_Use96Dpi));
+    CHECK(QTextCodec::codecForLocale() == codec);
 
     HostArguments arguments;
     const QGuiApplication application(arguments.count, arguments.values.data());
@@ -145,6 +150,15 @@ CASE(a_thread_that_called_the_library_is_as_it_was_for_a_later_application_of_th
     window.show();
     QCoreApplication::processEvents();
     CHECK_INT(1, window.exposures);
+}
+
+CASE(settings_of_the_host_outlive_the_application_of_the_library) {
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    QTextCodec* const codec = QTextCodec::codecForName("ISO-8859-15");
+    QTextCodec::setCodecForLocale(codec);
+    drawInApplicationOfLibrary("of-library.png");
+    CHECK(QCoreApplication::testAttribute(Qt::AA_Use96Dpi));
+    CHECK(QTextCodec::codecForLocale() == codec);
 }
 
 CASE(timers_of_a_host_thread_do_not_fire_inside_a_call) {
