@@ -1,6 +1,9 @@
-// A small event dispatcher over poll(2), for threads that have none of Qt's: that of the library's
-// own application, and those of hosts. It knows nothing of GLib, so that a GLib host keeps its main
-// context to itself.
+// An event dispatcher over poll(2), for threads that have none: that of the library's application,
+// and those of hosts during a call.
+//
+// Why not Qt's: on Linux Qt chooses its GLib dispatcher, which takes the default main context of a
+// GLib host unless QT_NO_GLIB is set in the environment of the whole process. QEventDispatcherUNIX
+// is private API; its headers and symbols belong to one build of Qt.
 #ifndef VELNOR_API_EVENT_DISPATCHER_H
 #define VELNOR_API_EVENT_DISPATCHER_H
 
