@@ -97,6 +97,7 @@ bool EventDispatcher::processEvents(QEventLoop::ProcessEventsFlags flags) {
         polled = notifiers;
     }
     std::vector<pollfd> files;
+    files.reserve(polled.size() + 1);
     for (const Registration& each : polled) {
         files.push_back(
             {static_cast<int>(each.notifier->socket()), pollEventsOf(each.notifier->type()), 0});

@@ -18,6 +18,9 @@ namespace {
 
 std::atomic<QtMessageHandler> hostMessageHandler{nullptr};
 
+// Null on other threads, and once the locale was restored.
+thread_local const velnor::LocaleKeeper* keeperOfThread = nullptr;
+
 // What Qt has to say on a missing folder, on a variable of the environment that has no effect here,
 // and on an application beside the main thread.
 constexpr const char* StartUpRemarks[] = {
@@ -56,9 +59,27 @@ QByteArray runtimeFolder() {
 
 } // namespace
 
-velnor::LocaleKeeper::LocaleKeeper() : hostLocale(std::setlocale(LC_ALL, nullptr)) {}
+velnor::LocaleKeeper::LocaleKeeper() : hostLocale(std::setlocale(LC_ALL, nullptr)) {
+    keeperOfThread = this;
+    QInternal::registerCallback(QInternal::EventNotifyCallback, restoreAtEvent);
+}
 
 velnor::LocaleKeeper::~LocaleKeeper() {
+    QInternal::unregisterCallback(QInternal::EventNotifyCallback, restoreAtEvent);
+    keeperOfThread = nullptr;
+    restore();
+}
+
+// Qt asks for every event of the process whether it is to be sent: not where this gives true.
+bool velnor::LocaleKeeper::restoreAtEvent(void**) {
+    if (keeperOfThread != nullptr) {
+        keeperOfThread->restore();
+        keeperOfThread = nullptr;
+    }
+    return false;
+}
+
+void velnor::LocaleKeeper::restore() const {
     std::setlocale(LC_ALL, hostLocale.constData());
 }
 

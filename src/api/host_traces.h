@@ -8,8 +8,9 @@ class QTextCodec;
 
 namespace velnor {
 
-// Qt's application takes the environment's locale for the whole process. While this lives it may;
-// then the host has its own again.
+// Qt's application takes the environment's locale for the whole process, where other threads format
+// and read numbers. While this lives, the host's locale is put back as soon as Qt has changed it: at
+// the first event, which Qt sends before it loads its platform.
 class LocaleKeeper {
 public:
     LocaleKeeper();
@@ -18,6 +19,9 @@ public:
     LocaleKeeper& operator=(const LocaleKeeper&) = delete;
 
 private:
+    static bool restoreAtEvent(void** event);
+    void restore() const;
+
     QByteArray hostLocale;
 };
 

@@ -16,6 +16,7 @@
 #include <array>
 #include <memory>
 
+#include <sys/auxv.h>
 #include <unistd.h>
 
 std::atomic<int> qtStarted{0};
@@ -31,6 +32,12 @@ constexpr useconds_t StartUpPause = 10000; // microseconds
 constexpr int DescriptorsOfStartUp = 8;
 
 std::atomic<bool> startUpClaimed{false};
+
+// Qt loads plug-ins from where the environment says, which whoever starts a set-user-ID program
+// chooses: there they would get the rights of another user.
+bool environmentIsTrusted() {
+    return geteuid() == getuid() || getauxval(AT_SECURE) == 0;
+}
 
 // Qt takes the platform options out again, so that one argument is left. The platform needs no
 // display, whatever the environment says, and an empty theme keeps desktop toolkits out of the
@@ -62,6 +69,8 @@ std::unique_ptr<QGuiApplication> makeApplication() {
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     // A scale factor in the environment would switch the hinting of glyphs off.
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    // Qt would end the process of a daemon that has given up its rights for a while.
+    QCoreApplication::setSetuidAllowed(true);
     // File names are UTF-8 in this interface, also where the host's locale is another.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     return std::make_unique<QGuiApplication>(qtargc, qtargv);
@@ -129,7 +138,7 @@ void xmlToImgInitializeQtNoReturn() {
     }
     if (QCoreApplication::instance() != nullptr) {
         qtStarted = 1;
-    } else if (velnor::descriptorsAreFree(DescriptorsOfStartUp)) {
+    } else if (environmentIsTrusted() && velnor::descriptorsAreFree(DescriptorsOfStartUp)) {
         velnor::guarded(velnor::Failure, [] {
             runOwnApplication();
             return velnor::Success;

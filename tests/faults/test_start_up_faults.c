@@ -7,6 +7,7 @@
 #include "support/host.h"
 #include "support/layouts.h"
 #include "support/signals.h"
+#include "support/skipping.h"
 
 #include <velnorxmltoimg.h>
 
@@ -14,6 +15,7 @@
 #include <stdatomic.h>
 #include <stdlib.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #define PAGE CANVAS_OF(200, 100) BOX QR_CODE LABEL
@@ -104,6 +106,21 @@ CASE(start_up_without_home_and_temporary_folder_draws) {
     startLibrary();
     drawPage();
     CHECK(!exists("no-such-folder"));
+}
+
+/* As a daemon does for a while, to get its rights back later. */
+CASE(start_up_of_a_host_that_acts_for_another_user_draws) {
+    const uid_t nobody = 65534;
+    if (geteuid() != 0) {
+        skipCase("only root may act for another user");
+    }
+    makeFolder("fonts");
+    linkFile("fonts/sans.ttf", SANS);
+    CHECK(chmod(scratchFolder(), 0777) == 0);
+    CHECK(seteuid(nobody) == 0);
+    startLibrary();
+    CHECK_INT(200, pngWidth(render(writeLayout("page.xml", PAGE), "page.png")));
+    CHECK(seteuid(0) == 0);
 }
 
 static void startWithDescriptors(int count) {

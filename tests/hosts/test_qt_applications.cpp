@@ -16,7 +16,10 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <string>
 #include <thread>
+
+#include <clocale>
 
 namespace {
 
@@ -179,4 +182,23 @@ CASE(timers_on_the_thread_of_the_application_do_not_fire_inside_a_call) {
         },
         Qt::QueuedConnection);
     CHECK(pthread_join(starter, nullptr) == 0);
+}
+
+namespace {
+
+std::string localeInStartUp;
+
+void noteLocale() {
+    localeInStartUp = setlocale(LC_ALL, nullptr);
+}
+
+} // namespace
+
+// Qt calls such a routine at the end of its start-up, when the application is almost made.
+CASE(the_locale_is_put_back_before_the_application_is_complete) {
+    qputenv("LC_ALL", "C.UTF-8");
+    qAddPreRoutine(noteLocale);
+    drawInApplicationOfLibrary("of-library.png");
+    CHECK_TEXT("C", localeInStartUp.c_str());
+    CHECK_TEXT("C", setlocale(LC_ALL, nullptr));
 }
