@@ -66,6 +66,10 @@ velnor::FlightCount::~FlightCount() {
     --inFlight;
 }
 
+bool velnor::FlightCount::isOnThisThread() {
+    return inFlightHere > 0;
+}
+
 velnor::CallInFlight::CallInFlight()
     : refused(processExit != Exit::NotBegun), held(!refused && pthread_rwlock_rdlock(&gate) == 0) {}
 

@@ -13,6 +13,8 @@ public:
     ~FlightCount();
     FlightCount(const FlightCount&) = delete;
     FlightCount& operator=(const FlightCount&) = delete;
+
+    static bool isOnThisThread();
 };
 
 // While this lives, the application is neither made nor ended. Any number of threads hold it at once;

@@ -1,5 +1,7 @@
 #include "api/host_traces.h"
 
+#include "api/application_gate.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -21,20 +23,10 @@ std::atomic<QtMessageHandler> hostMessageHandler{nullptr};
 // Null on other threads, and once the locale was restored.
 thread_local const velnor::LocaleKeeper* keeperOfThread = nullptr;
 
-// What Qt has to say on a missing folder, on a variable of the environment that has no effect here,
-// and on an application beside the main thread.
-constexpr const char* StartUpRemarks[] = {
-    "Warning: QT_DEVICE_PIXEL_RATIO is deprecated",
-    "QStandardPaths: ",
-    "WARNING: QApplication was not created in the main() thread",
-};
-
-void forwardOtherMessages(QtMsgType type, const QMessageLogContext& context,
-                          const QString& message) {
-    for (const char* remark : StartUpRemarks) {
-        if (message.startsWith(QLatin1String(remark))) {
-            return;
-        }
+void dropWarningsOfCalls(QtMsgType type, const QMessageLogContext& context,
+                         const QString& message) {
+    if (type != QtDebugMsg && type != QtFatalMsg && velnor::FlightCount::isOnThisThread()) {
+        return;
     }
     // Another thread's message may come between the installation and the answer to it.
     while (hostMessageHandler == nullptr) {
@@ -83,15 +75,23 @@ void velnor::LocaleKeeper::restore() const {
     std::setlocale(LC_ALL, hostLocale.constData());
 }
 
-velnor::StartUpSilencer::StartUpSilencer() {
+velnor::MessageFilter::MessageFilter() {
     hostMessageHandler = nullptr;
-    hostMessageHandler = qInstallMessageHandler(forwardOtherMessages);
+    hostMessageHandler = qInstallMessageHandler(dropWarningsOfCalls);
 }
 
-velnor::StartUpSilencer::~StartUpSilencer() {
+velnor::MessageFilter::~MessageFilter() {
     const QtMessageHandler current = qInstallMessageHandler(hostMessageHandler);
-    if (current != forwardOtherMessages) {
-        qInstallMessageHandler(current); // the host installed another one meanwhile
+    if (current != dropWarningsOfCalls) {
+        qInstallMessageHandler(current); // the host has installed another one meanwhile
+    }
+}
+
+void velnor::MessageFilter::leaveToHost() {
+    qInstallMessageHandler(nullptr);
+    const QtMessageHandler handlerOfQt = qInstallMessageHandler(dropWarningsOfCalls);
+    if (hostMessageHandler != handlerOfQt) {
+        qInstallMessageHandler(hostMessageHandler);
     }
 }
 

@@ -25,13 +25,18 @@ private:
     QByteArray hostLocale;
 };
 
-// While this lives, Qt's remarks on its start-up are kept off the host's standard error.
-class StartUpSilencer {
+// While this lives, warnings of Qt and libjpeg on threads inside a call are dropped: by default they
+// would go to standard error, or to the file that has its number where the host has closed it. Debug
+// messages, which somebody has asked for, and messages of other threads go where they went.
+class MessageFilter {
 public:
-    StartUpSilencer();
-    ~StartUpSilencer();
-    StartUpSilencer(const StartUpSilencer&) = delete;
-    StartUpSilencer& operator=(const StartUpSilencer&) = delete;
+    MessageFilter();
+    ~MessageFilter();
+    MessageFilter(const MessageFilter&) = delete;
+    MessageFilter& operator=(const MessageFilter&) = delete;
+
+    // Ends the filter early where the host has a message handler of its own.
+    void leaveToHost();
 };
 
 // Qt makes the folder that XDG_RUNTIME_DIR names, or one in its place where that is unset. When this

@@ -63,7 +63,6 @@ void prepareArguments() {
 std::unique_ptr<QGuiApplication> makeApplication() {
     const velnor::LocaleKeeper locale;
     const velnor::RuntimeFolderKeeper runtimeFolder;
-    const velnor::StartUpSilencer silencer;
     prepareArguments();
     // Before the application is made: at another resolution no font family matches exactly.
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
@@ -78,6 +77,11 @@ std::unique_ptr<QGuiApplication> makeApplication() {
 
 // The library's application. Settings of Qt that it changes get their earlier values when it ends.
 class OwnApplication {
+public:
+    OwnApplication() { messages.leaveToHost(); }
+
+private:
+    velnor::MessageFilter messages;
     const velnor::AttributeKeeper resolution{Qt::AA_Use96Dpi};
     const velnor::AttributeKeeper scaling{Qt::AA_DisableHighDpiScaling};
     const velnor::LocaleCodecKeeper codec;

@@ -117,3 +117,14 @@ CASE(a_broken_picture_does_no_harm_where_nobody_reads_standard_error) {
     CHECK(dup2(ends[1], STDERR_FILENO) == STDERR_FILENO);
     CHECK_INT(100, pngWidth(render("page.xml", "page.png")));
 }
+
+/* libjpeg says through Qt that the rest is missing. */
+CASE(a_picture_that_was_cut_short_goes_without_a_word) {
+    captureOutput();
+    startLibrary();
+    const char* picture = render(writeLayout("small.xml", CANVAS_OF(20, 20) BOX), "logo.jpg");
+    CHECK(truncate(picture, (off_t)readFile("logo.jpg").size - 30) == 0);
+    writeLayout("page.xml", PAGE_WITH("logo.jpg") BOX);
+    CHECK_INT(100, pngWidth(render("page.xml", "page.png")));
+    checkSilent();
+}
