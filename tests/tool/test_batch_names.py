@@ -55,6 +55,12 @@ class Names(BatchTest):
                 else:
                     self.refuse(USAGE, "a.xml", data, output=template, says="suffix")
 
+    def test_a_control_character_in_a_value_is_refused(self):
+        for value in ('"x\ny"', "\x1b]0;x\x07", "\x7f", "\x9b2J"):
+            with self.subTest(value=value):
+                error = self.fault("out/{a}.png", ["a"], value)
+                self.assertIn("'a' has a control character", error)
+
     def test_a_value_may_be_the_suffix(self):
         self.batch("a.xml", csv(["w", "kind"], [5, "png"], [5, "bmp"]), output="out/{number}.{kind}")
         self.assertEqual(self.pictures()["2.bmp"][:2], b"BM")

@@ -49,7 +49,7 @@ class Output(CheckTest):
                                         "<fontname>No&#10;Such\tFont</fontname>")))
         output = self.succeed("check", "a.xml").decode()
         self.assertEqual(output.count("\n"), 1, output)
-        self.assertIn("No Such Font", output)
+        self.assertIn(r"No\nSuch\tFont", output)
 
     def test_several_documents_are_told_apart(self):
         self.write("a.xml", layout(TWICE))

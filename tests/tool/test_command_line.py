@@ -37,6 +37,27 @@ class Help(ToolTest):
         self.assert_refused(USAGE, "paint", says="paint")
 
 
+class ControlCharacters(ToolTest):
+    STEERING = "a\x1b[2J\x07\x7f\x9b1mb\n"
+    ESCAPED = r"a\x1b[2J\x07\x7f\x9b1mb\n"
+
+    def test_a_message_does_nothing_to_the_terminal(self):
+        self.write("a.xml", layout())
+        for arguments in (("render", self.STEERING + ".xml", "-o", "a.png"),
+                          ("render", "a.xml", "-o", self.STEERING + "/a.png"),
+                          ("render", "a.xml", "-o", "a.png", "--set", self.STEERING + ".text=x"),
+                          ("params", self.STEERING)):
+            with self.subTest(arguments=arguments):
+                done = self.run_tool(*arguments)
+                self.assertNotEqual(done.returncode, DONE)
+                self.assertIn(self.ESCAPED, done.stderr.decode())
+                self.assertEqual(done.stderr.count(b"\n"), 1)
+
+    def test_a_finding_does_nothing_to_the_terminal(self):
+        name = self.write("a\x1b[2J.xml", layout('<VelnorItem class="image" id="i"/>'))
+        self.assertTrue(self.succeed("check", name).startswith(rb"a\x1b[2J.xml:"))
+
+
 class Surroundings(ToolTest):
     def test_no_display_no_home_and_no_runtime_folder_are_needed(self):
         self.write("a.xml", layout())

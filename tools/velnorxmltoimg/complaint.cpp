@@ -1,10 +1,9 @@
 #include "complaint.h"
 
-#include <algorithm>
+#include "text.h"
+
 #include <iostream>
 
-void tool::complain(std::string message) {
-    const auto endsLine = [](char character) { return character == '\n' || character == '\r'; };
-    std::replace_if(message.begin(), message.end(), endsLine, ' ');
-    std::cerr << "velnorxmltoimg: " << message << std::endl;
+void tool::complain(const std::string& message) {
+    std::cerr << "velnorxmltoimg: " << printable(message) << std::endl;
 }

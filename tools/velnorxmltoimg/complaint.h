@@ -7,7 +7,7 @@
 namespace tool {
 
 // One line, whatever the message holds.
-void complain(std::string message);
+void complain(const std::string& message);
 
 } // namespace tool
 

@@ -15,6 +15,12 @@ std::optional<std::string> toLatin1(const std::string& utf8);
 
 std::string fromLatin1(const std::string& bytes);
 
+// Whether the UTF-8 text holds a character that steers a terminal.
+bool hasControlCharacter(const std::string& utf8);
+
+// The text on one line that does nothing to a terminal: control characters are escaped as in C.
+std::string printable(const std::string& utf8);
+
 } // namespace tool
 
 #endif

@@ -116,6 +116,11 @@ std::string tool::OutputName::valueOf(const Piece& piece, const Row& row) const 
         throw Failure(ExitCode::SomeFailed,
                       "its '" + piece.text + "' has a slash, which no output name can take");
     }
+    if (hasControlCharacter(value)) {
+        throw Failure(ExitCode::SomeFailed,
+                      "its '" + piece.text +
+                          "' has a control character, which no output name can take");
+    }
     return std::string(piece.width > value.size() ? piece.width - value.size() : 0, '0') + value;
 }
 

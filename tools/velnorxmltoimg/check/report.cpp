@@ -1,19 +1,11 @@
 #include "check/report.h"
 
 #include "json.h"
+#include "text.h"
 
-#include <algorithm>
 #include <iomanip>
 
 namespace {
-
-// One line a finding, whatever ids and values hold.
-std::string onOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
-    return text;
-}
 
 std::string subjectOf(const tool::Finding& finding) {
     if (finding.kind == "document") {
@@ -31,7 +23,7 @@ void tool::printText(std::ostream& stream, const std::string& file, const Findin
         line += std::to_string(finding.line) + ':';
     }
     line += ' ' + subjectOf(finding) + finding.text + " [" + nameOf(finding.code) + ']';
-    stream << onOneLine(line) << '\n';
+    stream << printable(line) << '\n';
 }
 
 void tool::printJson(std::ostream& stream, const std::string& file, const Finding& finding) {

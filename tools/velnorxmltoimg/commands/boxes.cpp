@@ -6,6 +6,7 @@
 #include "json.h"
 #include "layout/layout.h"
 #include "qt_host.h"
+#include "text.h"
 
 #include <cmath>
 #include <iomanip>
@@ -85,8 +86,8 @@ void printTable(const DrawnLayout& layout) {
               << std::setw(8) << "x" << std::setw(8) << "y" << std::setw(8) << "width"
               << std::setw(8) << "height" << std::setw(10) << "text" << '\n';
     for (const auto& item : layout.items()) {
-        std::cout << std::left << std::setw(24) << tool::nameOf(*item) << std::setw(11)
-                  << tool::className(*item) << std::right;
+        std::cout << std::left << std::setw(24) << tool::printable(tool::nameOf(*item))
+                  << std::setw(11) << tool::className(*item) << std::right;
         if (layout.isDrawn(*item)) {
             const QRect box = item->drawnBox.toAlignedRect();
             std::cout << std::setw(8) << box.x() << std::setw(8) << box.y() << std::setw(8)

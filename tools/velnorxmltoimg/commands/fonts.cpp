@@ -61,7 +61,7 @@ void print(const Family& family, const Options& options) {
         tool::printLine(std::cout, describe(family, !options.text.empty()));
         return;
     }
-    std::cout << family.name.toStdString() << '\t'
+    std::cout << tool::printable(family.name.toStdString()) << '\t'
               << (options.text.empty() ? family.styles.join(QLatin1String(", ")).toStdString()
                                        : coverageOf(family))
               << '\n';

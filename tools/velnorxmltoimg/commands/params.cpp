@@ -3,6 +3,7 @@
 #include "json.h"
 #include "layout/document_file.h"
 #include "layout/param_list.h"
+#include "text.h"
 
 #include <iostream>
 #include <memory>
@@ -18,24 +19,9 @@ struct Options {
 std::string onOneLine(const std::string& value) {
     std::string line;
     for (const char character : value) {
-        switch (character) {
-        case '\n':
-            line += "\\n";
-            break;
-        case '\r':
-            line += "\\r";
-            break;
-        case '\t':
-            line += "\\t";
-            break;
-        case '\\':
-            line += "\\\\";
-            break;
-        default:
-            line += character;
-        }
+        line += character == '\\' ? std::string("\\\\") : std::string(1, character);
     }
-    return line;
+    return tool::printable(line);
 }
 
 tool::ExitCode showParams(const Options& options) {
@@ -44,7 +30,7 @@ tool::ExitCode showParams(const Options& options) {
         if (options.json) {
             tool::printLine(std::cout, {{"name", param.name}, {"value", param.value}});
         } else {
-            std::cout << param.name << '\t' << onOneLine(param.value) << '\n';
+            std::cout << tool::printable(param.name) << '\t' << onOneLine(param.value) << '\n';
         }
     }
     return tool::ExitCode::Done;
@@ -60,7 +46,7 @@ void tool::addParams(CommandLine& line) {
     command.flag("--json", options->json, "As one JSON object a line");
     command.footer(
         "One value a line, its name (object.link) and the value with a tabulator between them.\n"
-        "Line feeds, tabulators and backslashes of a value are written \\n, \\t and \\\\.\n"
+        "Control characters and backslashes of a value are escaped: \\n, \\t, \\x1b, \\\\.\n"
         "\n"
         "Example:\n"
         "  velnorxmltoimg params guest.xml");

@@ -4,6 +4,7 @@
 #include "layout/layout.h"
 #include "output/picture_output.h"
 #include "qt_host.h"
+#include "text.h"
 #include "watch/watched_files.h"
 
 #include <QCoreApplication>
@@ -73,7 +74,7 @@ private:
 
     static void tell(const std::string& message) {
         if (isatty(STDERR_FILENO) != 0) {
-            std::cerr << message << std::endl;
+            std::cerr << tool::printable(message) << std::endl;
         }
     }
 
