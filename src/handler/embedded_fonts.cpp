@@ -43,15 +43,16 @@ QHash<int, Registration>& registrations() {
 }
 
 // Qt removes all fonts with its application, as a Qt host may at any time, and reuses their numbers.
-bool isStillRegistered(int id) {
-    const QStringList families = registrations().value(id).families;
-    return !families.isEmpty() && QFontDatabase::applicationFontFamilies(id) == families;
+bool wasRemovedByHost(int id) {
+    const auto known = registrations().constFind(id);
+    return known != registrations().constEnd() &&
+           QFontDatabase::applicationFontFamilies(id) != known->families;
 }
 
 // Marks the record of a font file that is registered already. False when there is none.
 bool markPresent(const FontList& fonts, const QString& name, int size) {
     const auto isSameFile = [&](const FontItem* font) {
-        return font->name == name && font->size == size && isStillRegistered(font->id);
+        return font->name == name && font->size == size && !wasRemovedByHost(font->id);
     };
     const auto found = std::find_if(fonts.begin(), fonts.end(), isSameFile);
     if (found == fonts.end()) {
@@ -81,7 +82,7 @@ QList<int> forgottenFonts(const FontList& fonts, const QByteArray& copy) {
     QList<int> forgotten;
     for (auto one = registrations().constBegin(); one != registrations().constEnd(); ++one) {
         if (one->bytes.constData() == copy.constData() && !isRecorded(fonts, one.key()) &&
-            isStillRegistered(one.key())) {
+            !wasRemovedByHost(one.key())) {
             forgotten.append(one.key());
         }
     }
