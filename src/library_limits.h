@@ -30,8 +30,16 @@ constexpr int MaximumParameters = 2000;
 
 // Items. Beyond any of these the item is not drawn.
 
-// Characters of a text, in UTF-16 units.
-constexpr int MaximumTextLength = 16384;
+// Characters of a text, in UTF-16 units. At 8 x 15 dots each they fill the largest surface.
+constexpr int MaximumTextLength = 2 * 1024 * 1024;
+
+// Characters that are measured while one text shrinks: its length in each round. What then does not
+// fit yet is not drawn. A text of 60,000 characters may still shrink in all of the 123 rounds below.
+constexpr int MaximumShrinkWork = 8 * 1024 * 1024;
+
+// Font size in dots times the characters of a line of more than 16,384, where Qt cannot break it. Qt
+// breaks off lines of 2^23 dots, and says so on standard error.
+constexpr int MaximumLineDots = 4 * 1024 * 1024;
 
 // Bytes of a barcode's data before its escapes are read. No symbology holds a tenth of it.
 constexpr int MaximumBarcodeData = 128 * 1024;

@@ -6,12 +6,20 @@
 #include "render/large_letters.h"
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
+#include "spare_memory.h"
+
+#include <QTextBoundaryFinder>
+
+#include <optional>
 
 #include <QGuiApplication>
 
 namespace {
 
 constexpr double SurfaceDpi = 96.0;
+constexpr double PointsPerInch = 72.0;
+constexpr qint64 LayoutBytesPerCharacter = 128;
+constexpr double AlwaysDrawnLine = 16384; // characters
 constexpr int HorizontalAlignmentBits = 0x0f;
 constexpr int VerticalAlignmentBits = Qt::AlignTop | Qt::AlignBottom | Qt::AlignVCenter;
 
@@ -23,49 +31,94 @@ struct TextLayout {
     double endless;
 };
 
-void drawLetters(QPainter& painter, const QRectF& box, int flags, const QString& text) {
-    if (velnor::areDrawable(painter.font())) {
-        velnor::prepareLargeLetters(painter.font(), text);
-        painter.drawText(box, flags, text);
+// How a text is painted.
+struct PlacedText {
+    QRectF box;
+    int flags;
+    QFont font;
+};
+
+// Qt continues a line that is too long for it on the next one, with a word on standard error.
+bool hasEndlessLine(const QFont& font, const TextLayout& layout) {
+    const bool isBounded = layout.box.width() != velnor::NotGiven;
+    const double fontDots = font.pointSizeF() * SurfaceDpi / PointsPerInch;
+    const double longest = qMax(AlwaysDrawnLine, velnor::MaximumLineDots / fontDots);
+    if (layout.text.size() <= longest || (isBounded && layout.flags & Qt::TextWrapAnywhere)) {
+        return false;
     }
+    const bool wraps = isBounded && layout.flags & Qt::TextWordWrap;
+    const bool hasLines = (layout.flags & Qt::TextSingleLine) == 0;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, layout.text);
+    int start = 0;
+    for (int end = finder.toNextBoundary(); end != -1; end = finder.toNextBoundary()) {
+        if (end - start > longest) {
+            return true;
+        }
+        const bool isForced = finder.boundaryReasons() & QTextBoundaryFinder::MandatoryBreak;
+        if (wraps || (hasLines && isForced)) {
+            start = end;
+        }
+    }
+    return false;
 }
 
-// Each layout draws the text and gives the box that it drew in.
+// Each layout gives the place of the text; none where the text is too long for its box.
 
-QRectF drawUnbounded(QPainter& painter, const TextLayout& layout) {
+std::optional<PlacedText> placeUnbounded(QPainter& painter, const TextLayout& layout) {
     const int flags = (layout.flags & ~HorizontalAlignmentBits) | Qt::AlignLeft;
     const QRectF room(layout.box.x(), layout.box.y(), layout.endless, painter.font().pointSize());
     const QSizeF measured = painter.boundingRect(room, flags, layout.text).size();
-    const QRectF box(room.topLeft(), measured);
-    drawLetters(painter, box, flags, layout.text);
-    return box;
+    return PlacedText{QRectF(room.topLeft(), measured), flags, painter.font()};
 }
 
-QRectF drawLineBounded(QPainter& painter, const TextLayout& layout) {
-    const int flags = (layout.flags & ~VerticalAlignmentBits) | Qt::AlignTop;
-    QRectF box = layout.box;
-    box.setHeight(layout.endless);
-    box.setHeight(painter.boundingRect(box, flags, layout.text).height());
-    VelnorImage::adaptFontSize(&painter, flags, box, layout.text, painter.font());
-    box.setHeight(painter.boundingRect(box, flags, layout.text).height());
-    drawLetters(painter, box, flags, layout.text);
-    return box;
+std::optional<PlacedText> placeInRectangle(QPainter& painter, const TextLayout& layout) {
+    const int width =
+        VelnorImage::adaptFontSize(&painter, layout.flags, layout.box, layout.text, painter.font());
+    if (width < 0) {
+        return {};
+    }
+    return PlacedText{layout.box, layout.flags, painter.font()};
 }
 
-QRectF drawRectangleBounded(QPainter& painter, const TextLayout& layout) {
-    VelnorImage::adaptFontSize(&painter, layout.flags, layout.box, layout.text, painter.font());
-    drawLetters(painter, layout.box, layout.flags, layout.text);
-    return layout.box;
+std::optional<PlacedText> placeInWidth(QPainter& painter, TextLayout layout) {
+    layout.flags = (layout.flags & ~VerticalAlignmentBits) | Qt::AlignTop;
+    const auto measuredHeight = [&](const QRectF& box) {
+        return painter.boundingRect(box, layout.flags, layout.text).height();
+    };
+    layout.box.setHeight(layout.endless);
+    layout.box.setHeight(measuredHeight(layout.box));
+    auto placed = placeInRectangle(painter, layout);
+    if (placed) {
+        placed->box.setHeight(measuredHeight(layout.box));
+    }
+    return placed;
 }
 
-QRectF drawInLayout(QPainter& painter, const TextLayout& layout) {
+std::optional<PlacedText> placeInLayout(QPainter& painter, const TextLayout& layout) {
     if (layout.box.width() == velnor::NotGiven) {
-        return drawUnbounded(painter, layout);
+        return placeUnbounded(painter, layout);
     }
     if (layout.box.height() == velnor::NotGiven) {
-        return drawLineBounded(painter, layout);
+        return placeInWidth(painter, layout);
     }
-    return drawRectangleBounded(painter, layout);
+    return placeInRectangle(painter, layout);
+}
+
+std::optional<PlacedText> place(QImage& surface, const QFont& font, const TextLayout& layout) {
+    if (layout.text.size() > velnor::MaximumTextLength || hasEndlessLine(font, layout)) {
+        return {};
+    }
+    velnor::requireMemory(layout.text.size() * LayoutBytesPerCharacter);
+    SurfacePainter painter(surface);
+    painter.setFont(font);
+    return placeInLayout(painter, layout);
+}
+
+void drawLetters(QPainter& painter, const PlacedText& placed, const QString& text) {
+    if (velnor::areDrawable(placed.font)) {
+        velnor::prepareLargeLetters(placed.font, text);
+        painter.drawText(placed.box, placed.flags, text);
+    }
 }
 
 } // namespace
@@ -115,19 +168,23 @@ int VelnorImage::DrawOverlayRectBoundedText(const QString& text, int x, int y, i
 
 int VelnorImage::DrawOverlayTextGeneric(const QString& text, int x, int y, int rotation, int width,
                                         int height, int flags) {
-    if (!canBeDrawnOn() || !font || !velnor::guiApplicationExists() ||
-        text.size() > velnor::MaximumTextLength) {
+    textSize = 0;
+    if (!canBeDrawnOn() || !font || !velnor::guiApplicationExists()) {
+        return -1;
+    }
+    const double endless = 1000.0 * qMax(image->width(), image->height());
+    const auto placed = place(*image, *font, {text, QRectF(x, y, width, height), flags, endless});
+    if (!placed) {
         return -1;
     }
     const QTransform transform = rotationAbout(x, y, rotation);
     SurfacePainter painter(*image);
     painter.setTransform(transform);
-    painter.setFont(*font);
+    painter.setFont(placed->font);
     painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    const double endless = 1000.0 * qMax(image->width(), image->height());
-    const QRectF drawn = drawInLayout(painter, {text, QRectF(x, y, width, height), flags, endless});
-    textSize = painter.font().pointSizeF();
+    drawLetters(painter, *placed, text);
     painter.end();
-    recordCoverage(drawn, transform);
+    textSize = placed->font.pointSizeF();
+    recordCoverage(placed->box, transform);
     return 0;
 }

@@ -29,13 +29,16 @@ int VelnorImage::adaptFontSize(QPainter* painter, int flags, const QRectF& box, 
         return painter->fontMetrics().boundingRect(room, flags, text).size();
     };
     QSize measured = measure();
+    const auto fits = [&] {
+        return measured.isNull() ||
+               (measured.width() <= box.width() && measured.height() <= box.height());
+    };
     // A box of a negative length is never reached; the text has vanished before the rounds end.
-    for (int round = 0; round < velnor::MaximumShrinkRounds && !measured.isNull() &&
-                        (measured.width() > box.width() || measured.height() > box.height());
-         ++round) {
+    const int rounds = qMin(velnor::MaximumShrinkRounds, velnor::MaximumShrinkWork / text.size());
+    for (int round = 0; round < rounds && !fits(); ++round) {
         font.setPointSizeF(font.pointSizeF() * ShrinkFactor);
         painter->setFont(font);
         measured = measure();
     }
-    return measured.width();
+    return rounds < velnor::MaximumShrinkRounds && !fits() ? -1 : measured.width();
 }

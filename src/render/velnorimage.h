@@ -105,6 +105,7 @@ public:
                                int height, int flags);
 
     // render/text_fit.cpp
+    // Gives the width, or -1 where the text is too long to be shrunk until it fits.
     static int adaptFontSize(QPainter* painter, int flags, const QRectF& box, const QString& text,
                              QFont font);
 
@@ -115,7 +116,7 @@ public:
     const QImage* picture() const { return image.get(); }
     const QFont* currentFont() const { return font.get(); }
     const QRectF& lastBoundingRect() const { return boundingRect; }
-    // In points of the surface.
+    // In points of the surface; 0 when the text was not drawn.
     double lastTextSize() const { return textSize; }
 
 private:

@@ -36,7 +36,18 @@ class Sizes(CheckTest):
         self.assert_silent(item("text", bare.replace("a<", "<")))
 
     def test_a_text_beyond_the_limit_is_told(self):
-        self.assert_found("text-too-long", text_item("a" * 16385), says="longer than 16384")
+        self.assert_found("text-too-long", text_item("a " * (1024 * 1024) + "a"),
+                          says="longer than 2097152")
+
+    def test_a_text_of_one_endless_word_is_told(self):
+        box = "<width>50</width><flags>4096</flags>"
+        self.assert_found("text-too-long", text_item("a" * 1000000, more=box),
+                          says="too long for its place")
+
+    def test_a_long_text_that_fits_is_fine(self):
+        box = "<width>400</width><height>300</height><flags>4096</flags>"
+        self.assert_silent(text_item("a " * 9000, more=box).replace("<fontsize>12", "<fontsize>1"),
+                           canvas=CANVAS)
 
     def test_a_height_without_a_width_is_told(self):
         self.assert_found("no-effect", text_item("a", more="<height>50</height>"),

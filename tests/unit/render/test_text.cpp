@@ -1,4 +1,3 @@
-#include "library_limits.h"
 #include "render/velnorimage.h"
 #include "support/pictures.h"
 #include "support/qt_messages.h"
@@ -252,15 +251,6 @@ TEST_F(Text, IsDrawnByTheGenericOperationAsByTheOthers) {
     surface.CreateBaseEmptyImage(Width, Height);
     surface.DrawOverlayLineBoundedText(words(), 20, 30, 120, Qt::TextWordWrap, 0);
     EXPECT_TRUE(samePicture(drawn(), generic));
-}
-
-TEST_F(Text, OfTheGreatestLengthIsDrawnAndALongerOneIsNot) {
-    QString text(velnor::MaximumTextLength, QLatin1Char('m'));
-    EXPECT_EQ(drawUnbounded(text, 10, 20), 0);
-    EXPECT_FALSE(isAllWhite(drawn()));
-    EXPECT_EQ(
-        surface.DrawOverlayRectBoundedText(text + QLatin1Char('m'), 10, 20, -1, -1, NoFlags, 0),
-        -1);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "library_limits.h"
 #include "render/velnorimage.h"
 #include "support/qt_messages.h"
 #include "support/rows.h"
@@ -152,6 +153,14 @@ TEST_F(TextFit, EndsForEveryAlignmentOfANegativeBox) {
         EXPECT_GE(fit(QRectF(0, 0, -10, -10), words(), flags), 0) << flags;
         EXPECT_LE(steps(), 1000 + 1e-6) << flags;
     }
+}
+
+TEST_F(TextFit, GivesUpWhenALongTextHasBeenMeasuredOftenEnough) {
+    const int rounds = 80;
+    const QString text = QStringLiteral("a ").repeated(velnor::MaximumShrinkWork / rounds / 2);
+    EXPECT_EQ(fit(QRectF(0, 0, 100, 10), text, Qt::TextWordWrap), -1);
+    EXPECT_NEAR(steps(), rounds, 1e-6);
+    EXPECT_GT(fit(QRectF(0, 0, 100, Roomy * 100.0), text, Qt::TextWordWrap), 0);
 }
 
 } // namespace

@@ -89,7 +89,7 @@ public:
         checkEffect(item, text);
         checkGlyphs(item, text);
         if (velnor::isVisible(text) && !item.isIncomplete) {
-            checkSize(item, text);
+            checkDrawing(item, text);
         }
     }
 
@@ -113,6 +113,15 @@ private:
                          QStringLiteral("%1 does not have %2")
                              .arg(tool::quoted(text.fontname),
                                   QString::fromStdString(tool::listCharacters(missing))));
+        }
+    }
+
+    void checkDrawing(const CheckedItem& item, const Text& text) {
+        if (text.drawnFontSize == 0) {
+            findings.add(Code::TextTooLong, item.element,
+                         QStringLiteral("the text is too long for its place and is not drawn"));
+        } else {
+            checkSize(item, text);
         }
     }
 
