@@ -64,20 +64,28 @@ int VelnorImage::DrawOverlayPicture(QImage picture, int x, int y, int scalex, in
     if (!canBeDrawnOn()) {
         return -1;
     }
-    QTransform transform;
     const bool natural = rotation == 0 && scalex == NaturalPercent && scaley == NaturalPercent &&
                          width == -1 && height == -1;
+    double factorX = 1.0;
+    double factorY = 1.0;
     if (!natural) {
-        double factorX = 1.0;
-        double factorY = 1.0;
         FixImageScaling(&picture, scalex, scaley, width, height, &factorX, &factorY, aspect);
-        transform = TransformScaleRotate(x, y, factorX, factorY, rotation);
     }
+    const auto transformAbout = [&](const QPoint& position) {
+        return natural
+                   ? QTransform()
+                   : TransformScaleRotate(position.x(), position.y(), factorX, factorY, rotation);
+    };
+    const QPoint position(x, y);
+    const QTransform transform = transformAbout(position);
+    const QRectF box(position, picture.size());
     if (painting == Painting::Everything) {
-        SurfacePainter painter(*image);
-        painter.setTransform(transform);
-        painter.drawImage(x, y, picture);
+        velnor::paintInParts(*image, position, transform.mapRect(box), 1,
+                             [&](QPainter& painter, const QPoint& onPart) {
+                                 painter.setTransform(transformAbout(onPart));
+                                 painter.drawImage(onPart, picture);
+                             });
     }
-    recordCoverage(QRectF(x, y, picture.width(), picture.height()), transform);
+    recordCoverage(box, transform);
     return 0;
 }

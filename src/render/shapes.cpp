@@ -18,49 +18,57 @@ QPen outlinePen(int thickness, int style) {
 } // namespace
 
 template <typename Draw>
-int VelnorImage::drawShape(const QRectF& box, int rotation, int thickness, int style,
-                           bool antialias, Draw draw) {
+int VelnorImage::drawShape(const QPoint& position, const QSizeF& size, const QRectF& path,
+                           int rotation, int thickness, int style, bool antialias, Draw draw) {
     if (!canBeDrawnOn()) {
         return -1;
     }
-    const QTransform transform =
-        rotationAbout(static_cast<int>(box.x()), static_cast<int>(box.y()), rotation);
+    const QTransform transform = rotationAbout(position, rotation);
     if (painting == Painting::Everything) {
-        SurfacePainter painter(*image);
-        painter.setTransform(transform);
-        painter.setRenderHint(QPainter::Antialiasing, antialias);
-        painter.setPen(outlinePen(thickness, style));
-        draw(painter);
+        const double overhang = 1 + 2.0 * qMax(thickness, 0);
+        velnor::paintInParts(*image, position, transform.mapRect(path), overhang,
+                             [&](QPainter& painter, const QPoint& onPart) {
+                                 painter.setTransform(rotationAbout(onPart, rotation));
+                                 painter.setRenderHint(QPainter::Antialiasing, antialias);
+                                 painter.setPen(outlinePen(thickness, style));
+                                 draw(painter, QRectF(onPart, size));
+                             });
     }
-    recordCoverage(box, transform);
+    recordCoverage(QRectF(position, size), transform);
     return 0;
 }
 
 int VelnorImage::DrawOverlayRectangle(int x, int y, int width, int height, int rotation,
                                       int thickness, int style, int radius, bool antialias) {
-    const QRectF box(x, y, width, height);
-    return drawShape(box, rotation, thickness, style, antialias, [&](QPainter& painter) {
-        if (radius < 1) {
-            painter.drawRects(&box, 1);
-        } else {
-            painter.drawRoundedRect(box, radius, radius, Qt::AbsoluteSize);
-        }
-    });
+    const QPoint position(x, y);
+    const QSizeF size(width, height);
+    return drawShape(position, size, QRectF(position, size), rotation, thickness, style, antialias,
+                     [radius](QPainter& painter, const QRectF& box) {
+                         if (radius < 1) {
+                             painter.drawRects(&box, 1);
+                         } else {
+                             painter.drawRoundedRect(box, radius, radius, Qt::AbsoluteSize);
+                         }
+                     });
 }
 
 int VelnorImage::DrawOverlayEllipse(int x, int y, int width, int height, int rotation,
                                     int thickness, int style, bool antialias) {
-    const QRectF box(x, y, width, height);
-    return drawShape(box, rotation, thickness, style, antialias,
-                     [&](QPainter& painter) { painter.drawEllipse(box); });
+    const QPoint position(x, y);
+    const QSizeF size(width, height);
+    return drawShape(position, size, QRectF(position, size), rotation, thickness, style, antialias,
+                     [](QPainter& painter, const QRectF& box) { painter.drawEllipse(box); });
 }
 
 int VelnorImage::DrawOverlayLine(int x, int y, int width, int height, int rotation, int thickness,
                                  int style, int length, bool antialias) {
-    const QRectF box(x, y, length > 0 ? length : width, thickness > 0 ? thickness : height);
-    const double middle = box.y() + box.height() / 2;
+    const QSizeF size(length > 0 ? length : width, thickness > 0 ? thickness : height);
     // The line's end takes the length as given, even where the box does not.
-    const QLineF line(x, middle, static_cast<double>(x) + length, middle);
-    return drawShape(box, rotation, thickness, style, antialias,
-                     [&](QPainter& painter) { painter.drawLines(&line, 1); });
+    const QRectF path(x, y + size.height() / 2, length, 0);
+    return drawShape({x, y}, size, path, rotation, thickness, style, antialias,
+                     [length](QPainter& painter, const QRectF& box) {
+                         const double middle = box.y() + box.height() / 2;
+                         const QLineF line(box.x(), middle, box.x() + length, middle);
+                         painter.drawLines(&line, 1);
+                     });
 }

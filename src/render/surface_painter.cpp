@@ -1,10 +1,69 @@
 #include "render/surface_painter.h"
 
+#include "document/dots.h"
+
 #include <QImage>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Qt's painters clip what lies at this dot or behind it.
+constexpr int PainterReach = 32767;
+
+// An item looks the same some thousand dots further down, to the last rounding.
+constexpr double PartAlignment = 1000;
+
+struct Span {
+    int first;
+    int length;
+};
+
+// The parts along one side of the surface.
+std::vector<Span> spansOf(int surfaceLength, double from, double to) {
+    if (surfaceLength <= PainterReach || to <= PainterReach) {
+        return {{0, surfaceLength}};
+    }
+    const double end = std::min<double>(surfaceLength, std::ceil(to));
+    std::vector<Span> spans;
+    const double start = std::floor(from / PartAlignment) * PartAlignment;
+    for (double first = std::max(0.0, start); first < end; first += PainterReach) {
+        const double length = std::min<double>(PainterReach, end - first);
+        spans.push_back({static_cast<int>(first), static_cast<int>(length)});
+    }
+    return spans;
+}
+
+} // namespace
 
 SurfacePainter::SurfacePainter(QImage& image) {
     if (!image.isNull() && begin(&image)) {
         // Keeps aliased lines of two dots and more on the dots that layouts were designed for.
         setRenderHint(QPainter::Qt4CompatiblePainting);
     }
+}
+
+std::vector<QRect> velnor::paintedParts(const QSize& surface, const QRectF& box, double overhang) {
+    const QRectF painted = box.normalized().adjusted(-overhang, -overhang, overhang, overhang);
+    std::vector<QRect> parts;
+    for (const Span& rows : spansOf(surface.height(), painted.top(), painted.bottom())) {
+        for (const Span& columns : spansOf(surface.width(), painted.left(), painted.right())) {
+            parts.emplace_back(columns.first, rows.first, columns.length, rows.length);
+        }
+    }
+    return parts;
+}
+
+QImage velnor::viewOfPart(QImage& surface, const QRect& part) {
+    uchar* const first = surface.scanLine(part.y()) + part.x() * (surface.depth() / 8);
+    QImage view(first, part.width(), part.height(), surface.bytesPerLine(), surface.format());
+    view.setDotsPerMeterX(surface.dotsPerMeterX());
+    view.setDotsPerMeterY(surface.dotsPerMeterY());
+    return view;
+}
+
+QPoint velnor::positionOnPart(const QPoint& position, const QRect& part) {
+    return {saturate(static_cast<qint64>(position.x()) - part.x()),
+            saturate(static_cast<qint64>(position.y()) - part.y())};
 }

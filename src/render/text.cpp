@@ -38,11 +38,14 @@ struct PlacedText {
     QFont font;
 };
 
+double dotsOf(const QFont& font) {
+    return font.pointSizeF() * SurfaceDpi / PointsPerInch;
+}
+
 // Qt continues a line that is too long for it on the next one, with a word on standard error.
 bool hasEndlessLine(const QFont& font, const TextLayout& layout) {
     const bool isBounded = layout.box.width() != velnor::NotGiven;
-    const double fontDots = font.pointSizeF() * SurfaceDpi / PointsPerInch;
-    const double longest = qMax(AlwaysDrawnLine, velnor::MaximumLineDots / fontDots);
+    const double longest = qMax(AlwaysDrawnLine, velnor::MaximumLineDots / dotsOf(font));
     if (layout.text.size() <= longest || (isBounded && layout.flags & Qt::TextWrapAnywhere)) {
         return false;
     }
@@ -114,11 +117,16 @@ std::optional<PlacedText> place(QImage& surface, const QFont& font, const TextLa
     return placeInLayout(painter, layout);
 }
 
-void drawLetters(QPainter& painter, const PlacedText& placed, const QString& text) {
-    if (velnor::areDrawable(placed.font)) {
-        velnor::prepareLargeLetters(placed.font, text);
-        painter.drawText(placed.box, placed.flags, text);
+void drawLetters(QPainter& painter, const QRectF& box, int flags, const QString& text) {
+    if (velnor::areDrawable(painter.font())) {
+        velnor::prepareLargeLetters(painter.font(), text);
+        painter.drawText(box, flags, text);
     }
+}
+
+// How far letters reach out of their box: slanted ones do, and accents above accents.
+double overhangOf(const QFont& font) {
+    return 8 * dotsOf(font);
 }
 
 } // namespace
@@ -177,13 +185,16 @@ int VelnorImage::DrawOverlayTextGeneric(const QString& text, int x, int y, int r
     if (!placed) {
         return -1;
     }
-    const QTransform transform = rotationAbout(x, y, rotation);
-    SurfacePainter painter(*image);
-    painter.setTransform(transform);
-    painter.setFont(placed->font);
-    painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    drawLetters(painter, *placed, text);
-    painter.end();
+    const QPoint position(x, y);
+    const QTransform transform = rotationAbout(position, rotation);
+    velnor::paintInParts(
+        *image, position, transform.mapRect(placed->box), overhangOf(placed->font),
+        [&](QPainter& painter, const QPoint& onPart) {
+            painter.setTransform(rotationAbout(onPart, rotation));
+            painter.setFont(placed->font);
+            painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+            drawLetters(painter, QRectF(onPart, placed->box.size()), placed->flags, text);
+        });
     textSize = placed->font.pointSizeF();
     recordCoverage(placed->box, transform);
     return 0;

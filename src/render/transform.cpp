@@ -28,8 +28,9 @@ double VelnorImage::factorFromPercent(int percent) {
     return percent < 1 ? 1.0 : percent / 100.0;
 }
 
-QTransform VelnorImage::rotationAbout(int x, int y, int rotation) {
-    return rotation == 0 ? QTransform() : TransformScaleRotate(x, y, 100, 100, rotation);
+QTransform VelnorImage::rotationAbout(const QPoint& position, int rotation) {
+    return rotation == 0 ? QTransform()
+                         : TransformScaleRotate(position.x(), position.y(), 100, 100, rotation);
 }
 
 QRectF VelnorImage::GetBoundingRectUsingTransform(const QRectF& rectangle,

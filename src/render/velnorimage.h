@@ -125,7 +125,7 @@ private:
 
     // render/transform.cpp
     static double factorFromPercent(int percent);
-    static QTransform rotationAbout(int x, int y, int rotation);
+    static QTransform rotationAbout(const QPoint& position, int rotation);
 
     // render/output.cpp
     int keptRows(int dpi) const;
@@ -133,8 +133,8 @@ private:
 
     // render/shapes.cpp
     template <typename Draw>
-    int drawShape(const QRectF& box, int rotation, int thickness, int style, bool antialias,
-                  Draw draw);
+    int drawShape(const QPoint& position, const QSizeF& size, const QRectF& path, int rotation,
+                  int thickness, int style, bool antialias, Draw draw);
 
     Painting painting = Painting::Everything;
     std::shared_ptr<velnor::Sheet> sheet; // null for a surface without one

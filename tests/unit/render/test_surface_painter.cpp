@@ -57,4 +57,33 @@ TEST(SurfacePainter, StaysInactiveAndSilentWithoutAPicture) {
     EXPECT_EQ(messages.heard(), "");
 }
 
+using Parts = std::vector<QRect>;
+
+Parts wholeOf(const QSize& surface) {
+    return {QRect(QPoint(), surface)};
+}
+
+TEST(PaintedParts, AreTheWholeSurfaceForAnItemWithinTheReachOfAPainter) {
+    const QSize tall(500, 40000);
+    EXPECT_EQ(velnor::paintedParts(tall, QRectF(10, 20, 30, 32727), 20), wholeOf(tall));
+    const QSize small(500, 400);
+    EXPECT_EQ(velnor::paintedParts(small, QRectF(0, 0, 9e9, 9e9), 1), wholeOf(small));
+}
+
+TEST(PaintedParts, AreOneThatBeginsCloselyAboveAnItemThatLiesFarther) {
+    EXPECT_EQ(velnor::paintedParts({500, 40000}, QRectF(10, 32000, 30, 760), 20),
+              (Parts{QRect(0, 31000, 500, 1780)}));
+    EXPECT_EQ(velnor::paintedParts({40000, 500}, QRectF(39995, 10, -90, 30), 1),
+              (Parts{QRect(39000, 0, 996, 500)}));
+}
+
+TEST(PaintedParts, AreSeveralForAnItemThatIsTooLong) {
+    EXPECT_EQ(velnor::paintedParts({500, 40000}, QRectF(10, 100, 30, 90000), 20),
+              (Parts{QRect(0, 0, 500, 32767), QRect(0, 32767, 500, 7233)}));
+}
+
+TEST(PaintedParts, AreNoneForAnItemBehindTheSurface) {
+    EXPECT_EQ(velnor::paintedParts({500, 40000}, QRectF(10, 50000, 30, 90), 20), Parts());
+}
+
 } // namespace

@@ -36,7 +36,6 @@ enum class Code {
     OutsideCanvas,
     CutOff,
     BeyondMetre,
-    TooFar,
     ImageMissing,
     ImageUnreadable,
     FontNotNamed,

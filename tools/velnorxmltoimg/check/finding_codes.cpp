@@ -30,7 +30,6 @@ const std::vector<tool::CodeEntry> Codes = {
     {Code::OutsideCanvas, "outside-canvas", "an item of which no dot lies on the canvas"},
     {Code::CutOff, "cut-off", "an item of which the edge of the canvas cuts something off"},
     {Code::BeyondMetre, "beyond-metre", "an item below the metre that is drawn of a roll"},
-    {Code::TooFar, "too-far", "an item more than 32,767 dots from the top or the left"},
     {Code::ImageMissing, "image-missing", "a picture file that does not exist"},
     {Code::ImageUnreadable, "image-unreadable", "a file that is no picture"},
     {Code::FontNotNamed, "font-not-named", "a text without a font name"},

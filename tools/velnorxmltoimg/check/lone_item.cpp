@@ -10,7 +10,6 @@ namespace {
 
 constexpr int Paper = 230; // of 255: a shade that thermal paper does not show
 constexpr qint64 MostDots = 32LL * 1000 * 1000;
-constexpr int MostColumns = 32000; // painters reach hardly further
 
 int outlineOf(const VelnorDrawableElement& item) {
     switch (item.type) {
@@ -80,8 +79,7 @@ std::optional<QRect> tool::inkOf(const VelnorDrawableElement& drawn,
                                  const VelnorDrawableCanvas& canvas) {
     constexpr int Spare = 2;
     const QRect reach = reachOf(drawn).adjusted(-Spare, -Spare, Spare, Spare);
-    if (reach.width() > MostColumns || reach.height() > MostColumns ||
-        qint64(reach.width()) * reach.height() > MostDots) {
+    if (qint64(reach.width()) * reach.height() > MostDots) {
         return std::nullopt;
     }
     VelnorImage surface(reach.width(), reach.height());

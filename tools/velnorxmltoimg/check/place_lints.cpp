@@ -29,13 +29,7 @@ private:
     void tell(const tool::CheckedItem& item, const QRect& ink) {
         const bool whole = !ink.intersects(visible);
         const QString lies = whole ? QStringLiteral("lies") : QStringLiteral("reaches");
-        if (ink.bottom() > visible.bottom() && visible.height() < canvas.height) {
-            findings.add(Code::TooFar, item.element,
-                         lies + QStringLiteral(" more than 32,767 dots from the top"));
-        } else if (ink.right() > visible.right() && visible.width() < canvas.width) {
-            findings.add(Code::TooFar, item.element,
-                         lies + QStringLiteral(" more than 32,767 dots from the left"));
-        } else if (ink.bottom() > visible.bottom() && document.drawn().grows()) {
+        if (ink.bottom() > visible.bottom() && document.drawn().grows()) {
             findings.add(Code::BeyondMetre, item.element,
                          lies + QStringLiteral(" below the metre of roll that is drawn"));
         } else if (whole) {

@@ -46,9 +46,8 @@ QPoint tool::canvasInPicture(const CheckedDocument& document) {
 }
 
 QSize tool::canvasSize(const CheckedDocument& document) {
-    constexpr int PainterReach = 32767; // dots
     const VelnorDrawableCanvas& canvas = document.drawn().canvas();
-    return {qMin(canvas.width, PainterReach), qMin(canvas.height, PainterReach)};
+    return {canvas.width, canvas.height};
 }
 
 QString tool::nameOfItemAt(const CheckedDocument& document, const QPoint& dot,

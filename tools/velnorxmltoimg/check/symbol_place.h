@@ -22,7 +22,7 @@ QRect onCanvas(const QRect& upright, const VelnorDrawableBarcode& drawn);
 // Where the canvas begins in the picture: behind its margins.
 QPoint canvasInPicture(const CheckedDocument& document);
 
-// As much of the canvas as painters reach, and of a roll no more than its metre.
+// Of a canvas that grows, the metre that is drawn.
 QSize canvasSize(const CheckedDocument& document);
 
 // The item, but for this one, whose ink the dot probably is, for messages.
