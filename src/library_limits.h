@@ -57,7 +57,7 @@ constexpr int MaximumPictureScans = 100;
 constexpr int MaximumPictureTexts = 16;
 constexpr int MaximumPictureChunks = 100000;
 
-// Dots of a letter of a face without outlines: each letter is a picture of its own.
+// Font size in dots of a text with letters of a face without outlines: each is a picture of its own.
 constexpr int MaximumPicturedLetter = 512;
 
 // Rounds of shrinking a text. Every box of a size of 0 or more needs 123 at most.

@@ -7,6 +7,7 @@
 #include <QTextLayout>
 #include <QTransform>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -32,23 +33,41 @@ void loadOneLetter(const QRawFont& face) {
     face.alphaMapForGlyph(space.value(0), QRawFont::PixelAntialiasing, newTransform());
 }
 
-} // namespace
-
-void velnor::prepareLargeLetters(const QFont& font, const QString& text) {
-    if (font.pointSizeF() * DotsPerPoint < SmallestPath) {
-        return;
-    }
-    QTextLayout layout(text, font);
-    layout.beginLayout();
-    while (layout.createLine().isValid()) {
-    }
-    layout.endLayout();
-    for (const QGlyphRun& run : layout.glyphRuns()) {
-        loadOneLetter(run.rawFont());
-    }
+// As FreeType knows them.
+bool hasOutlines(const QGlyphRun& run) {
+    const QRawFont face = run.rawFont();
+    const auto has = [&face](const char* table) { return !face.fontTable(table).isEmpty(); };
+    return has("glyf") || has("CFF ") || has("CFF2");
 }
 
-bool velnor::areDrawable(const QFont& font) {
-    return font.pointSizeF() * DotsPerPoint <= velnor::MaximumPicturedLetter ||
-           !QRawFont::fromFont(font).fontTable("head").isEmpty();
+// Of all faces that the text is drawn with, those that stand in for missing letters included.
+QList<QGlyphRun> glyphRunsOf(const QFont& font, const QString& text) {
+    constexpr double LineDots = 1 << 20; // Qt complains about lines without end
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(LineDots);
+    }
+    layout.endLayout();
+    return layout.glyphRuns();
+}
+
+} // namespace
+
+bool velnor::prepareLargeLetters(const QFont& font, const QString& text) {
+    const double size = font.pointSizeF() * DotsPerPoint;
+    if (size < SmallestPath) {
+        return true;
+    }
+    const QList<QGlyphRun> runs = glyphRunsOf(font, text);
+    if (size > MaximumPicturedLetter && !std::all_of(runs.begin(), runs.end(), hasOutlines)) {
+        return false;
+    }
+    for (const QGlyphRun& run : runs) {
+        loadOneLetter(run.rawFont());
+    }
+    return true;
 }

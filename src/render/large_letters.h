@@ -12,11 +12,12 @@ namespace velnor {
 // another one when that letter came out of the cache. Takes the remainder away from each face that
 // the text is drawn with, so that its dots do not depend on what the process drew before. Does
 // nothing for small letters.
-void prepareLargeLetters(const QFont& font, const QString& text);
-
-// False for letters that Qt would draw from pictures of themselves of any size: those of a face without
-// outlines, such as the boxes that stand for letters where there is no font at all.
-bool areDrawable(const QFont& font);
+//
+// Gives false for a text that must not be drawn: Qt would draw letters of it from pictures of
+// themselves of any size. These are the letters of faces without outlines, such as those of emoji, also
+// where the text's own font does not have them, and the boxes that stand for letters where there is no
+// font at all.
+bool prepareLargeLetters(const QFont& font, const QString& text);
 
 } // namespace velnor
 

@@ -118,8 +118,7 @@ std::optional<PlacedText> place(QImage& surface, const QFont& font, const TextLa
 }
 
 void drawLetters(QPainter& painter, const QRectF& box, int flags, const QString& text) {
-    if (velnor::areDrawable(painter.font())) {
-        velnor::prepareLargeLetters(painter.font(), text);
+    if (velnor::prepareLargeLetters(painter.font(), text)) {
         painter.drawText(box, flags, text);
     }
 }
