@@ -19,9 +19,12 @@ constexpr int MaximumNesting = 256;
 // Elements, attributes, comments and the like: each takes some 200 bytes of the tree.
 constexpr int MaximumNodes = 500000;
 
-// Entities that a document declares, and the characters that its references to one may expand to.
-constexpr int MaximumEntities = 256;
+// Characters that references to entities expand to, all together, those inside entities included.
 constexpr int MaximumExpansion = 16 * 1024 * 1024;
+
+// Characters of entities that Qt searches for the names of entities: each value, and 256 characters
+// more, once for every entity declared up to it. Some 4,000 entities of usual length reach it.
+constexpr qint64 MaximumEntitySearch = 2LL * 1024 * 1024 * 1024;
 
 constexpr int MaximumItems = 50000;
 

@@ -3,6 +3,7 @@
 #include "library_limits.h"
 
 #include <QDomDocument>
+#include <QHash>
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
@@ -12,11 +13,39 @@ QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
 
+// The most parentheses that are open at once in the part of a content model that a text holds.
+int openParentheses(const QStringRef& text) {
+    int open = 0;
+    int most = 0;
+    for (const QChar character : text) {
+        if (character == QLatin1Char('(')) {
+            most = qMax(most, ++open);
+        } else if (character == QLatin1Char(')')) {
+            open = qMax(0, open - 1);
+        } else if (character == QLatin1Char('>')) {
+            open = 0;
+        }
+    }
+    return most;
+}
+
+// The same for the content models that begin behind a mark, each of which ends at the next '>'.
+int openParenthesesBehind(const QString& mark, const QString& text) {
+    int most = 0;
+    int from = text.indexOf(mark);
+    while (from >= 0) {
+        const int next = text.indexOf(mark, from + mark.size());
+        const QStringRef part = text.midRef(from, next < 0 ? -1 : next - from);
+        most = qMax(most, openParentheses(part.left(part.indexOf(QLatin1Char('>')))));
+        from = next;
+    }
+    return most;
+}
+
 // Stops the reader at the first thing that lies beyond a limit.
 class LimitsHandler : public QXmlDefaultHandler {
 public:
-    // `references`: how often the document may refer to an entity, at most.
-    explicit LimitsHandler(qint64 references) : referenceCount(references) {}
+    explicit LimitsHandler(const QString& document) : text(document) {}
 
     bool startElement(const QString&, const QString&, const QString&,
                       const QXmlAttributes& attributes) override {
@@ -35,24 +64,59 @@ public:
     bool notationDecl(const QString&, const QString&, const QString&) override {
         return addNodes(1);
     }
-
-    bool internalEntityDecl(const QString& name, const QString& value) override {
-        // A parameter entity could hide any depth of a content model.
-        return stay(!name.startsWith(QLatin1Char('%'))) && addEntity() &&
-               stay(referenceCount * value.size() <= velnor::MaximumExpansion);
-    }
     bool externalEntityDecl(const QString&, const QString&, const QString&) override {
-        return addEntity();
+        return addNodes(1);
     }
     bool unparsedEntityDecl(const QString&, const QString&, const QString&,
                             const QString&) override {
-        return addEntity();
+        return addNodes(1);
+    }
+
+    bool internalEntityDecl(const QString& name, const QString& value) override {
+        const bool isParameter = name.startsWith(QLatin1Char('%'));
+        // One name is one entity, whatever its kind.
+        values.insert(isParameter ? name.mid(1) : name, value);
+        return addNodes(1) && stay(quoting(value) <= velnor::MaximumEntitySearch) &&
+               (isParameter ? addModel(value) : addSearch(value));
+    }
+
+    // At every reference that is expanded, those inside other entities included.
+    bool startEntity(const QString& name) override {
+        const QString value = values.value(name);
+        expansion += qMax(1, value.size());
+        search += quoting(value);
+        return stay(expansion <= velnor::MaximumExpansion && search <= velnor::MaximumEntitySearch);
     }
 
     bool isBeyond() const { return beyond; }
 
 private:
-    bool addEntity() { return stay(++entityCount <= velnor::MaximumEntities); }
+    // What a reference takes that stands in quotes: the reader replaces the quotes of the value, a
+    // thousand at a time, by moving the rest.
+    static qint64 quoting(const QString& value) {
+        const qint64 quotes = value.count(QLatin1Char('"')) + value.count(QLatin1Char('\''));
+        return quotes * value.size() / 1000;
+    }
+
+    // The reader looks for the name of every entity in the value, and takes each that it finds out
+    // by moving the rest.
+    bool addSearch(const QString& value) {
+        constexpr int CostOfName = 256;
+        ++searched;
+        search += searched * (value.size() + CostOfName) +
+                  qint64(value.count(QLatin1Char('&'))) * value.size();
+        return stay(search <= velnor::MaximumEntitySearch);
+    }
+
+    // A content model may begin in a parameter entity, without a word of "<!ELEMENT" in the text,
+    // go on in others that refer to it, and end in the document behind a reference.
+    bool addModel(const QString& value) {
+        if (modelDepth == 0) {
+            modelDepth = openParenthesesBehind(QStringLiteral(";"), text);
+        }
+        modelDepth += openParentheses(QStringRef(&value));
+        return stay(modelDepth <= velnor::MaximumNesting);
+    }
 
     bool addNodes(int count) {
         nodeCount += count;
@@ -64,46 +128,37 @@ private:
         return within;
     }
 
-    qint64 referenceCount;
+    const QString& text;
+    QHash<QString, QString> values; // of the entities
     int depth = 0;
+    int modelDepth = 0;
     int nodeCount = 0;
-    int entityCount = 0;
+    qint64 expansion = 0;
+    qint64 search = 0;
+    qint64 searched = 0;
     bool beyond = false;
 };
 
 // Whether the parentheses of a content model are nested too deeply for the reader, which reads them
 // recursively and tells of no declaration before its end.
 bool contentModelsAreTooDeep(const QString& text) {
-    const QString declaration = QStringLiteral("<!ELEMENT");
-    int from = text.indexOf(declaration);
-    while (from >= 0) {
-        int depth = 0;
-        const int next = text.indexOf(declaration, from + declaration.size());
-        const int end = next < 0 ? text.size() : next;
-        for (int i = from; i < end && text[i] != QLatin1Char('>'); ++i) {
-            depth += text[i] == QLatin1Char('(') ? 1 : 0;
-            depth -= text[i] == QLatin1Char(')') ? 1 : 0;
-            if (depth > velnor::MaximumNesting) {
-                return true;
-            }
-        }
-        from = next;
-    }
-    return false;
+    return openParenthesesBehind(QStringLiteral("<!ELEMENT"), text) > velnor::MaximumNesting;
 }
 
-// The tree is built by the same reader with the same features, so nothing that passes here can lie
-// beyond a limit there.
+// The tree is built by the same reader with the same features but for the reports of entities, so
+// nothing that passes here can lie beyond a limit there.
 bool isBeyondLimits(const QString& text) {
     if (text.size() > velnor::MaximumDocumentSize || contentModelsAreTooDeep(text)) {
         return true;
     }
     QXmlInputSource source;
     source.setData(text);
-    LimitsHandler handler(text.count(QLatin1Char('&')));
+    LimitsHandler handler(text);
     QXmlSimpleReader reader;
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
+    reader.setFeature(QStringLiteral("http://qt-project.org/xml/features/report-start-end-entity"),
+                      true);
     reader.setContentHandler(&handler);
     reader.setDTDHandler(&handler);
     reader.setLexicalHandler(&handler);

@@ -182,3 +182,15 @@ CASE(wide_names_follow_the_rules_of_narrow_ones) {
     CHECK_INT(44, drawnWidth(handler));
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
+
+CASE(entities_of_the_document_are_expanded) {
+    startLibrary();
+    const char* path = writeFile(
+        "page.xml", "<!DOCTYPE r [<!ENTITY % names '<!ENTITY town \"Sampleton\">'> %names;"
+                    "<!ENTITY both '&town; &amp; &town;'>]>"
+                    "<r><VelnorItems class='canvas' id='canvas'><note>&both; &lt;3</note>"
+                    "</VelnorItems></r>");
+    void* handler = xmlToImgCreateHandler(path);
+    checkRead(handler, "canvas.note", "Sampleton & Sampleton <3");
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}

@@ -143,6 +143,16 @@ CASE(forty_thousand_entities_do_not_load) {
     checkRefused(endDocument(file, "doctype.xml"));
 }
 
+CASE(entities_that_name_later_ones_do_not_load) {
+    FILE* file = startDocument("doctype.xml", "<!DOCTYPE VelnorRoot [");
+    for (int i = 0; i < 100; ++i) {
+        fprintf(file, "<!ENTITY e%d '&e%d;&e%d;'>", i, i + 1, i + 1);
+    }
+    fprintf(file, "<!ENTITY e100 ''>]><VelnorRoot>&e0;</VelnorRoot>");
+    CHECK(fclose(file) == 0);
+    checkRefused(pathOf("doctype.xml"));
+}
+
 CASE(entities_inside_one_another_do_not_load) {
     FILE* file = startDocument("doctype.xml", "<!DOCTYPE VelnorRoot [<!ENTITY e0 'x'>");
     for (int i = 1; i <= Many; ++i) {
@@ -161,6 +171,16 @@ CASE(an_entity_inside_itself_does_not_load) {
 
 CASE(content_models_inside_one_another_do_not_load) {
     FILE* file = startDocument("doctype.xml", "<!DOCTYPE VelnorRoot [<!ELEMENT VelnorRoot ");
+    repeat(file, "(", VeryMany);
+    CHECK(fputs("a", file) >= 0);
+    repeat(file, ")", VeryMany);
+    CHECK(fputs(">]>", file) >= 0);
+    checkRefused(endDocument(file, "doctype.xml"));
+}
+
+CASE(content_models_that_begin_in_a_parameter_entity_do_not_load) {
+    FILE* file = startDocument("doctype.xml", "<!DOCTYPE VelnorRoot [<!ENTITY % begin "
+                                              "'&#60;!ELEMENT VelnorRoot '> %begin;");
     repeat(file, "(", VeryMany);
     CHECK(fputs("a", file) >= 0);
     repeat(file, ")", VeryMany);

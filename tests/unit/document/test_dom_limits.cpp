@@ -83,20 +83,6 @@ TEST(DomLimits, CountTheLevelsOfEachContentModelAlone) {
     EXPECT_FALSE(loads("<!DOCTYPE r [" + shallow + "<!ELEMENT r " + QByteArray(1000, '(')));
 }
 
-TEST(DomLimits, RefuseParameterEntities) {
-    EXPECT_FALSE(loads("<!DOCTYPE r [<!ENTITY % p \"<!ELEMENT r (a)>\"> %p;]><r/>"));
-    const QByteArray deep = "<!ELEMENT r " + QByteArray(100000, '(');
-    EXPECT_FALSE(loads("<!DOCTYPE r [<!ENTITY % p \"" + deep + "\"> %p;]><r/>"));
-}
-
-TEST(DomLimits, CountEntitiesOfEveryKind) {
-    QByteArray declarations;
-    for (int i = 0; i <= velnor::MaximumEntities; ++i) {
-        declarations += "<!ENTITY e" + QByteArray::number(i) + " SYSTEM \"none\">";
-    }
-    EXPECT_FALSE(loads("<!DOCTYPE r [" + declarations + "]><r/>"));
-}
-
 TEST(DomLimits, HoldForBytesOfEveryEncoding) {
     const QString text = QString::fromLatin1(contentModel(1000));
     const QByteArray bytes("\xFF\xFE", 2);

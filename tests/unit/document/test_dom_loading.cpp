@@ -1,6 +1,5 @@
 #include "document/dom_loading.h"
 
-#include "library_limits.h"
 #include "support/layouts.h"
 #include "support/printing.h"
 #include "support/rows.h"
@@ -35,16 +34,6 @@ QByteArray withDoctype(const QByteArray& declarations, const QByteArray& root) {
 
 QByteArray entity(const QByteArray& name, const QByteArray& value) {
     return "<!ENTITY " + name + " \"" + value + "\">";
-}
-
-// Each entity names the one before it ten times.
-QByteArray entityBomb(int levels) {
-    QByteArray declarations = entity("e0", "0123456789");
-    for (int i = 1; i <= levels; ++i) {
-        const QByteArray inner = "&e" + QByteArray::number(i - 1) + ';';
-        declarations += entity("e" + QByteArray::number(i), inner.repeated(10));
-    }
-    return withDoctype(declarations, "<r>&e" + QByteArray::number(levels) + ";</r>");
 }
 
 class WellFormed : public testing::TestWithParam<TextRow> {};
@@ -155,26 +144,6 @@ TEST(DomLoading, DecodesBytesBehindAByteOrderMark) {
     QDomDocument document;
     ASSERT_TRUE(velnor::loadXml(document, QByteArray("\xEF\xBB\xBF<r>\xC3\xA9</r>")));
     EXPECT_EQ(document.documentElement().text(), QString(QChar(0xE9)));
-}
-
-TEST(DomLoading, RefusesAnEntityBomb) {
-    EXPECT_FALSE(loads(entityBomb(9)));
-}
-
-TEST(DomLoading, RefusesReferencesThatExpandTooFar) {
-    const QByteArray longEntity = entity("e", QByteArray(4000, 'x'));
-    EXPECT_TRUE(loads(withDoctype(longEntity, "<r>" + QByteArray("&e;").repeated(4000) + "</r>")));
-    EXPECT_FALSE(
-        loads(withDoctype(longEntity, "<r>" + QByteArray("&e;").repeated(50000) + "</r>")));
-}
-
-TEST(DomLoading, RefusesMoreThan256EntityDeclarations) {
-    QByteArray declarations;
-    for (int i = 0; i < velnor::MaximumEntities; ++i) {
-        declarations += entity("e" + QByteArray::number(i), "v");
-    }
-    EXPECT_TRUE(loads(withDoctype(declarations, "<r/>")));
-    EXPECT_FALSE(loads(withDoctype(declarations + entity("oneMore", "v"), "<r/>")));
 }
 
 TEST(DomLoading, DoesNotReadExternalEntities) {
