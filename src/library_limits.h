@@ -9,7 +9,8 @@ namespace velnor {
 
 // Documents and parameter files. Beyond any of these they do not load.
 
-// The file, and the characters of its text once the placeholders are replaced.
+// The file, the characters of its text once the placeholders are replaced, and those of the names and
+// values of a parameter file.
 constexpr qint64 MaximumDocumentSize = 16LL * 1024 * 1024;
 
 // Elements inside one another: the tree is built and destroyed recursively, and the stack is the
@@ -27,9 +28,6 @@ constexpr int MaximumExpansion = 16 * 1024 * 1024;
 constexpr qint64 MaximumEntitySearch = 2LL * 1024 * 1024 * 1024;
 
 constexpr int MaximumItems = 50000;
-
-// Values in one parameter file: for each of them the document is looked through.
-constexpr int MaximumParameters = 2000;
 
 // Items. Beyond any of these the item is not drawn.
 

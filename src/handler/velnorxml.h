@@ -16,6 +16,10 @@ class QFontDatabase;
 class VelnorDrawableCanvas;
 class VelnorDrawableElement;
 
+namespace velnor {
+struct LinkedDocument;
+}
+
 #define VELNOR_EXPORTED __attribute__((visibility("default")))
 
 class VelnorXml {
@@ -82,8 +86,9 @@ public:
                                       QString& resolvedKey);
     int applyObjectTagsToXmlDoc(QDomDocument& doc) const;
     // As SetObjectTagDictionary for each pair as a link, kept where it is not found, with the
-    // document read once.
+    // document read only when its file has changed.
     void setLinkedValues(const QList<DictionaryItem>& pairs);
+    void setLinkedValue(velnor::LinkedDocument& document, const DictionaryItem& pair);
 
     // tags/object_lookup.cpp
     int GetValueFromObject(const QString& key, QString& value, QString& resolvedKey, bool link,
@@ -117,6 +122,8 @@ public:
     bool isWorkTextValid() const { return workTextValid; }
 
 private:
+    void loadLinkedDocument(velnor::LinkedDocument& document);
+
     QList<DictionaryItem> tagDictionary;
     QList<DictionaryItem> objectTagDictionary;
     QString documentPath;

@@ -1,27 +1,10 @@
 // Finding an object, and a property of it, in the tree of the current document.
 #include "document/dom_loading.h"
 #include "handler/velnorxml.h"
+#include "tags/object_index.h"
 #include "tags/object_key.h"
 
 #include <QDomDocument>
-
-namespace {
-
-// The text of an element that holds plain text or nothing. False for any other content.
-bool readPlainText(const QDomNode& element, QString& text) {
-    const QDomNode child = element.firstChild();
-    if (child.isNull()) {
-        text = QLatin1String("");
-        return true;
-    }
-    if (!child.nextSibling().isNull() || !child.isText()) {
-        return false;
-    }
-    text = element.toElement().text();
-    return true;
-}
-
-} // namespace
 
 QDomNode VelnorXml::matchAttrInRootElement(const QDomElement& parent, const QString& attribute,
                                            const QString& value) {
@@ -78,7 +61,7 @@ int VelnorXml::findValue(const QDomDocument& document, const QString& key, QStri
     resolvedKey = QLatin1String("");
     const QDomNode target =
         link ? matchLinkInRootElement(object, parts[1]) : object.elementsByTagName(parts[1]).at(0);
-    if (target.isNull() || !readPlainText(target, value)) {
+    if (target.isNull() || !velnor::readPlainText(target, value)) {
         return 1;
     }
     if (link) {

@@ -1,5 +1,7 @@
 // Object tags and object links: setting and reading element texts by object name and property.
 #include "handler/velnorxml.h"
+#include "tags/linked_document.h"
+#include "tags/object_index.h"
 #include "tags/object_key.h"
 
 #include <QDomDocument>
@@ -23,21 +25,32 @@ void setPropertyText(QDomDocument& doc, QDomNode property, const QString& value)
 }
 
 // Sets the property in the tree, made where the object has none of that name.
-void applyObjectTag(QDomDocument& doc, const DictionaryItem& item) {
+void applyObjectTag(QDomDocument& doc, velnor::ObjectIndex& index, const DictionaryItem& item) {
     const QStringList parts = velnor::splitObjectKey(item.key);
-    if (parts.size() != 2) {
+    const int object = parts.size() == 2 ? index.object(parts[0]) : velnor::ObjectIndex::NoObject;
+    if (object == velnor::ObjectIndex::NoObject) {
         return;
     }
-    QDomElement object =
-        VelnorXml::matchIDInRootElement(doc.documentElement(), parts[0]).toElement();
-    if (object.isNull()) {
-        return;
-    }
-    QDomNode property = object.elementsByTagName(parts[1]).at(0);
+    QDomElement property = index.property(object, parts[1]);
     if (property.isNull()) {
-        property = object.appendChild(doc.createElement(parts[1]));
+        property = doc.createElement(parts[1]);
+        index.appendProperty(object, property);
     }
     setPropertyText(doc, property, item.value);
+}
+
+// The key as an object tag; the key itself where it names no link.
+QString resolvedLink(const velnor::ObjectIndex& index, const QString& key) {
+    const QStringList parts = velnor::splitObjectKey(key);
+    const int object = index.object(parts[0]);
+    if (object == velnor::ObjectIndex::NoObject) {
+        return key;
+    }
+    const QDomElement target = index.link(object, parts[1]);
+    QString text;
+    return target.isNull() || !velnor::readPlainText(target, text)
+               ? key
+               : parts[0] + QLatin1Char('.') + target.tagName();
 }
 
 void copyToBuffer(const QString& value, char* buffer, int size) {
@@ -104,37 +117,52 @@ int VelnorXml::applyObjectTagsToXmlDoc(QDomDocument& doc) const {
     if (doc.isNull()) {
         return 1;
     }
-    for (const DictionaryItem& item : objectTagDictionary) {
-        applyObjectTag(doc, item);
+    if (!objectTagDictionary.isEmpty()) {
+        velnor::ObjectIndex index(doc.documentElement());
+        for (const DictionaryItem& item : objectTagDictionary) {
+            applyObjectTag(doc, index, item);
+        }
     }
     return 0;
 }
 
-void VelnorXml::setLinkedValues(const QList<DictionaryItem>& pairs) {
-    QList<DictionaryItem> values;
-    for (const DictionaryItem& pair : pairs) {
-        // As they come through the interface: names byte by byte.
-        const QString name = QString::fromLatin1(pair.key.toUtf8());
-        if (velnor::splitObjectKey(name).size() == 2) {
-            values.append(DictionaryItem(name, QString::fromUtf8(pair.value.toUtf8())));
-        }
-    }
-    if (values.isEmpty()) {
+void VelnorXml::loadLinkedDocument(velnor::LinkedDocument& document) {
+    const velnor::FileVersion version(documentPath);
+    if (document.version && *document.version == version) {
         return;
     }
-    QDomDocument document(QStringLiteral("tmpdocument"));
-    const bool loaded = loadWorkDocument(document, !workTextValid);
-    for (DictionaryItem& item : values) {
-        QString value;
-        QString resolved;
-        if (loaded && velnor::namesValue(item.key) &&
-            findValue(document, item.key, value, resolved, true) == 0) {
-            item.key = resolved;
-        }
-        objectTagDictionary.append(item);
-        if (loaded) {
-            applyObjectTag(document, item);
-        }
+    const bool reload = !workTextValid;
+    document.version.reset();
+    document.index.reset();
+    if (loadWorkDocument(document.tree, reload)) {
+        document.index = std::make_unique<velnor::ObjectIndex>(document.tree.documentElement());
     }
+    if (reload) {
+        document.version = version;
+    }
+}
+
+void VelnorXml::setLinkedValue(velnor::LinkedDocument& document, const DictionaryItem& pair) {
+    // As they come through the interface: names byte by byte.
+    DictionaryItem item(QString::fromLatin1(pair.key.toUtf8()),
+                        QString::fromUtf8(pair.value.toUtf8()));
+    if (velnor::splitObjectKey(item.key).size() != 2) {
+        return;
+    }
+    if (velnor::namesValue(item.key)) {
+        loadLinkedDocument(document);
+    }
+    if (document.index) {
+        item.key = resolvedLink(*document.index, item.key);
+        applyObjectTag(document.tree, *document.index, item);
+    }
+    objectTagDictionary.append(item);
     workTextValid = false;
+}
+
+void VelnorXml::setLinkedValues(const QList<DictionaryItem>& pairs) {
+    velnor::LinkedDocument document;
+    for (const DictionaryItem& pair : pairs) {
+        setLinkedValue(document, pair);
+    }
 }

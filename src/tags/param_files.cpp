@@ -20,24 +20,34 @@ bool loadParams(const char* file, QDomDocument& document) {
 }
 
 // The key and the value of each child node of an entry. A comment has no name, so its key ends with
-// the point.
-void appendPairs(const QDomElement& entry, QList<DictionaryItem>& pairs) {
+// the point. False where so many characters are no longer left for them.
+bool appendPairs(const QDomElement& entry, QList<DictionaryItem>& pairs, qint64& left) {
     const QString id = entry.attribute(QStringLiteral("id"));
     if (id.isEmpty()) {
-        return;
+        return true;
     }
     for (QDomNode child = entry.firstChild(); !child.isNull(); child = child.nextSibling()) {
         const QDomElement element = child.toElement();
-        pairs.append(DictionaryItem(id + QLatin1Char('.') + element.tagName(), element.text()));
+        const DictionaryItem pair(id + QLatin1Char('.') + element.tagName(), element.text());
+        left -= pair.key.size() + pair.value.size();
+        if (left < 0) {
+            return false;
+        }
+        pairs.append(pair);
     }
+    return true;
 }
 
-QList<DictionaryItem> pairsOf(const QDomNodeList& entries) {
-    QList<DictionaryItem> pairs;
+// False where the pairs take more room than a document may: each key holds the id of its entry, and
+// each value the text of the entries inside it, so that they can be many times as long as the file.
+bool readPairs(const QDomNodeList& entries, QList<DictionaryItem>& pairs) {
+    qint64 left = velnor::MaximumDocumentSize;
     for (int i = 0; i < entries.size(); ++i) {
-        appendPairs(entries.at(i).toElement(), pairs);
+        if (!appendPairs(entries.at(i).toElement(), pairs, left)) {
+            return false;
+        }
     }
-    return pairs;
+    return true;
 }
 
 // As strncpy; a size of 0 or less writes nothing. Tells whether the text filled the buffer.
@@ -58,8 +68,8 @@ int VelnorXml::ParseParamsApplyTagGeneric(const char* file, QList<DictionaryItem
     }
     const QDomNodeList entries =
         document.documentElement().elementsByTagName(QStringLiteral("VelnorParam"));
-    const QList<DictionaryItem> pairs = pairsOf(entries);
-    if (entries.isEmpty() || pairs.size() > velnor::MaximumParameters) {
+    QList<DictionaryItem> pairs;
+    if (entries.isEmpty() || !readPairs(entries, pairs)) {
         return 1;
     }
     if (out != nullptr) {

@@ -7,6 +7,8 @@
 
 #include <velnorxmltoimg.h>
 
+#include <stdio.h>
+
 enum { TextSize = 128 };
 
 #define TICKET "\xf0\x9f\x8e\xab"
@@ -196,6 +198,35 @@ CASE(a_second_file_adds_to_the_first) {
     CHECK_INT(0, apply(handler, PARAMS(ENTRY("ticket", "<price>2</price>"))));
     checkValue(handler, "ticket.text", "2");
     checkValue(handler, "ticket.note", "1");
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}
+
+static FILE* start(const char* name, const char* before) {
+    FILE* file = fopen(pathOf(name), "wb");
+    CHECK(file != NULL && fputs(before, file) >= 0);
+    return file;
+}
+
+static const char* end(FILE* file, const char* name, const char* after) {
+    CHECK(fputs(after, file) >= 0 && fclose(file) == 0);
+    return pathOf(name);
+}
+
+CASE(twenty_thousand_values_are_set) {
+    enum { Count = 20000 };
+    startLibrary();
+    FILE* page = start("many.xml", "<r><VelnorItems class='canvas' id='canvas'>");
+    FILE* params = start("params.xml", "<VelnorParams>");
+    for (int i = 0; i < Count; ++i) {
+        fprintf(page, "<VelnorItem class='text' id='i%d'><text link='l'>old</text></VelnorItem>",
+                i);
+        fprintf(params, ENTRY("i%d", "<l>new %d</l>"), i, i);
+    }
+    void* handler = xmlToImgCreateHandler(end(page, "many.xml", "</VelnorItems></r>"));
+    const char* path = end(params, "params.xml", "</VelnorParams>");
+    CHECK_INT(0, xmlToImgSetDictionaryFromParamFile(handler, path));
+    checkValue(handler, "i0.text", "new 0");
+    checkValue(handler, "i19999.text", "new 19999");
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
 

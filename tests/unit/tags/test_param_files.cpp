@@ -1,5 +1,4 @@
 // Parameter files: what they hold, and what applying them stores.
-#include "library_limits.h"
 #include "support/layouts.h"
 #include "support/printing.h"
 #include "support/qt_messages.h"
@@ -254,15 +253,44 @@ TEST(ParamFiles, CanBeAppliedWithoutADocument) {
 
 } // namespace
 
-TEST(ParamFiles, MayHoldSoManyValuesAndNoMore) {
-    const QByteArray value = "<v>1</v>";
+TEST(ParamFiles, MayHoldAnyNumberOfValues) {
+    constexpr int Count = 20000;
+    ParamFile file(params(entry("t", QByteArray("<v>1</v>").repeated(Count))));
     QList<DictionaryItem> pairs;
-    ParamFile full(params(entry("t", value.repeated(velnor::MaximumParameters))));
-    EXPECT_EQ(full.handler().ParseParamsApplyTagGeneric(full.path(), &pairs), 0);
-    EXPECT_EQ(pairs.size(), velnor::MaximumParameters);
-    ParamFile beyond(
-        params(entry("t", value.repeated(velnor::MaximumParameters)) + entry("u", value)));
-    EXPECT_EQ(beyond.handler().ParseParamsApplyTagGeneric(beyond.path(), &pairs), 1);
-    EXPECT_EQ(beyond.handler().ParseParamsApplyTag(beyond.path()), 1);
-    EXPECT_TRUE(beyond.handler().objectTags().isEmpty());
+    EXPECT_EQ(file.handler().ParseParamsApplyTagGeneric(file.path(), &pairs), 0);
+    EXPECT_EQ(pairs.size(), Count);
+    EXPECT_EQ(file.handler().ParseParamsApplyTag(file.path()), 0);
+    EXPECT_EQ(file.handler().objectTags().size(), Count);
+}
+
+TEST(ParamFiles, SetThousandsOfValuesInOneObject) {
+    QByteArray links;
+    QByteArray values;
+    for (int i = 0; i < 10000; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        links += "<p" + number + " link='l" + number + "'>old</p" + number + '>';
+        values += element('l' + number, "new " + number);
+    }
+    Layout layout(canvasDocument(itemElement("text", links, "box")));
+    const QByteArray file =
+        layout.folder().write(QStringLiteral("p.xml"), params(entry("box", values))).toUtf8();
+    EXPECT_EQ(layout.handler().ParseParamsApplyTag(file.constData()), 0);
+    char value[100] = "";
+    EXPECT_EQ(layout.handler().GetObjectTagDictionary("box.p9999", value, sizeof value, false), 0);
+    EXPECT_STREQ(value, "new 9999");
+}
+
+TEST(ParamFiles, AreRefusedWhoseNamesAndValuesAreLongerThanADocument) {
+    const QByteArray longText(100000, 'x');
+    const QByteArray value = "<v/>";
+    for (const QByteArray& content : {entry(longText, value.repeated(1000)),
+                                      nested("VelnorParam id='a'", 250, longText)
+                                          .replace("</VelnorParam id='a'", "</VelnorParam")}) {
+        ParamFile file(params(content));
+        QList<DictionaryItem> pairs;
+        EXPECT_EQ(file.handler().ParseParamsApplyTagGeneric(file.path(), &pairs), 1);
+        EXPECT_TRUE(pairs.isEmpty());
+        EXPECT_EQ(file.handler().ParseParamsApplyTag(file.path()), 1);
+        EXPECT_TRUE(file.handler().objectTags().isEmpty());
+    }
 }
