@@ -23,8 +23,9 @@ constexpr int MaximumNodes = 500000;
 // Characters that references to entities expand to, all together, those inside entities included.
 constexpr int MaximumExpansion = 16 * 1024 * 1024;
 
-// Characters of entities that Qt searches for the names of entities: each value, and 256 characters
-// more, once for every entity declared up to it. Some 4,000 entities of usual length reach it.
+// Characters that Qt goes through to find the names of entities in entities: each value, and 256 more,
+// once for every entity declared up to it. Some 4,000 entities of usual length reach it. So does what
+// Qt moves to replace quotes in entities.
 constexpr qint64 MaximumEntitySearch = 2LL * 1024 * 1024 * 1024;
 
 constexpr int MaximumItems = 50000;

@@ -83,7 +83,7 @@ public:
     // At every reference that is expanded, those inside other entities included.
     bool startEntity(const QString& name) override {
         const QString value = values.value(name);
-        expansion += qMax(1, value.size());
+        expansion += value.size();
         search += quoting(value);
         return stay(expansion <= velnor::MaximumExpansion && search <= velnor::MaximumEntitySearch);
     }
