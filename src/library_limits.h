@@ -53,9 +53,12 @@ constexpr qint64 MaximumPictureFileSize = 256LL * 1024 * 1024;
 // Bytes of pictures that are kept from measuring to drawing. Those beyond are decoded twice.
 constexpr qint64 MaximumKeptPictures = 64LL * 1024 * 1024;
 
-// What is counted in a picture file before it is decoded: scans of a JPEG, of which each takes the
-// time of a picture; compressed texts of a PNG, of which each takes 12 MB, and all of its chunks.
+// What is counted in a picture file before it is decoded. In a JPEG: its scans, of which each takes the
+// time of a picture, and its segments, for each of which libjpeg walks over those before. In a PNG: its
+// compressed texts, of which each takes 12 MB, its colour profiles, of which each takes milliseconds,
+// and its chunks.
 constexpr int MaximumPictureScans = 100;
+constexpr int MaximumPictureSegments = 10000;
 constexpr int MaximumPictureTexts = 16;
 constexpr int MaximumPictureChunks = 100000;
 

@@ -7,40 +7,127 @@
 
 namespace {
 
-// Each scan of a progressive JPEG goes over the whole picture, and takes a few bytes.
-bool jpegIsSafe(QIODevice& file) {
-    constexpr qint64 BlockSize = 64LL * 1024;
-    const QByteArray startOfScan("\xFF\xDA", 2);
-    int scans = 0;
-    QByteArray block;
-    while (!file.atEnd() && scans <= velnor::MaximumPictureScans) {
-        // The last byte again: a marker may lie across two blocks.
-        block = block.right(1) + file.read(BlockSize);
-        scans += block.count(startOfScan);
+// The markers of a JPEG file, found as libjpeg finds them: it skips whatever stands between two
+// segments, and the data of a scan end at the next marker.
+class JpegMarkers {
+public:
+    enum Code { StartOfScan = 0xDA, EndOfImage = 0xD9, FillByte = 0xFF };
+
+    explicit JpegMarkers(QIODevice& jpegFile) : file(jpegFile) {}
+
+    // EndOfImage where the file ends without one.
+    int next() {
+        int code = 0; // a byte 0xFF of the data is followed by 0
+        while (code == 0) {
+            skipToFillByte();
+            code = FillByte;
+            while (code == FillByte) {
+                code = nextByte();
+            }
+        }
+        return code == EndOfFile ? EndOfImage : code;
     }
-    return scans <= velnor::MaximumPictureScans;
+
+    void skipSegment() {
+        constexpr int LengthSize = 2;
+        int length = nextByte() * 256;
+        length += nextByte();
+        for (int left = length - LengthSize; left > 0 && nextByte() != EndOfFile; --left) {
+        }
+    }
+
+private:
+    static constexpr int EndOfFile = -1;
+
+    bool readBlock() {
+        constexpr qint64 BlockSize = 64LL * 1024;
+        block = file.read(BlockSize);
+        position = 0;
+        return !block.isEmpty();
+    }
+
+    int nextByte() {
+        if (position == block.size() && !readBlock()) {
+            return EndOfFile;
+        }
+        return static_cast<uchar>(block.at(position++));
+    }
+
+    void skipToFillByte() {
+        int found = block.indexOf('\xFF', position);
+        while (found < 0 && readBlock()) {
+            found = block.indexOf('\xFF');
+        }
+        position = found < 0 ? block.size() : found;
+    }
+
+    QIODevice& file;
+    QByteArray block;
+    int position = 0;
+};
+
+bool hasSegment(int marker) {
+    constexpr int FirstFrame = 0xC0; // those below are reserved, and libjpeg does not read on
+    constexpr int FirstRestart = 0xD0;
+    constexpr int StartOfImage = 0xD8;
+    return marker >= FirstFrame && (marker < FirstRestart || marker > StartOfImage);
 }
 
-// Compressed texts expand a thousandfold, and all of them are kept at once.
+// Each scan of a progressive JPEG goes over the whole picture, and takes a few bytes.
+bool jpegIsSafe(QIODevice& file) {
+    JpegMarkers markers(file);
+    int scans = 0;
+    int segments = 0;
+    for (int marker = markers.next(); marker != JpegMarkers::EndOfImage; marker = markers.next()) {
+        if (!hasSegment(marker)) {
+            continue;
+        }
+        scans += marker == JpegMarkers::StartOfScan ? 1 : 0;
+        ++segments;
+        if (scans > velnor::MaximumPictureScans || segments > velnor::MaximumPictureSegments) {
+            return false;
+        }
+        markers.skipSegment();
+    }
+    return true;
+}
+
+// An iTXt chunk says behind its keyword whether its text is compressed.
+bool isCompressedText(const QByteArray& type, QIODevice& content, qint64 length) {
+    constexpr qint64 LongestKeyword = 79;
+    if (type != "iTXt") {
+        return type == "zTXt";
+    }
+    const QByteArray start = content.read(qMin(length, LongestKeyword + 2));
+    const int keywordEnd = start.indexOf('\0');
+    return keywordEnd >= 0 && keywordEnd + 1 < start.size() && start.at(keywordEnd + 1) != 0;
+}
+
+// Compressed texts expand a thousandfold, and all of them are kept at once. So do colour profiles, one
+// after the other.
 bool pngIsSafe(QIODevice& file) {
     constexpr qint64 SignatureSize = 8;
     constexpr qint64 HeaderSize = 8; // length and type
     constexpr qint64 ChecksumSize = 4;
     int texts = 0;
-    int chunks = 0;
+    int profiles = 0;
     qint64 position = SignatureSize;
-    while (file.seek(position) && texts <= velnor::MaximumPictureTexts &&
-           chunks <= velnor::MaximumPictureChunks) {
-        const QByteArray header = file.read(HeaderSize);
+    for (int chunks = 0; chunks <= velnor::MaximumPictureChunks; ++chunks) {
+        const bool isInside = position < file.size() && file.seek(position);
+        const QByteArray header = isInside ? file.read(HeaderSize) : QByteArray();
         if (header.size() < HeaderSize) {
             return true; // libpng finds what is missing
         }
         const QByteArray type = header.mid(4);
-        texts += type == "zTXt" || type == "iTXt" ? 1 : 0;
-        ++chunks;
-        position += HeaderSize + qFromBigEndian<quint32>(header.constData()) + ChecksumSize;
+        const qint64 length = qFromBigEndian<quint32>(header.constData());
+        texts += isCompressedText(type, file, length) ? 1 : 0;
+        profiles += type == "iCCP" ? 1 : 0;
+        if (texts > velnor::MaximumPictureTexts || profiles > velnor::MaximumPictureTexts) {
+            return false;
+        }
+        position += HeaderSize + length + ChecksumSize;
     }
-    return texts <= velnor::MaximumPictureTexts && chunks <= velnor::MaximumPictureChunks;
+    return false;
 }
 
 bool isSafe(QIODevice& file, const QByteArray& format) {
