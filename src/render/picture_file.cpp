@@ -67,6 +67,31 @@ void completeColourTable(QImage& picture) {
     picture.setColorTable(colours);
 }
 
+QImage decoded(QIODevice& file, const QByteArray& format) {
+    if (!velnor::isSafeToDecode(file, format)) {
+        return {};
+    }
+    QImageReader reader(&file);
+    const QSize size = announcedSize(reader);
+    if (size.isEmpty()) {
+        return {};
+    }
+    velnor::requireMemoryForDots(dotsOf(size));
+    // Readers of files that end too early leave the rest of the dots as they are.
+    QImage picture;
+    if (reader.imageFormat() != QImage::Format_Invalid) {
+        picture = QImage(size, reader.imageFormat());
+        picture.fill(Qt::white);
+    }
+    if (!reader.read(&picture)) {
+        return {};
+    }
+    completeColourTable(picture);
+    // Qt takes "@2x" in a file's name for a picture of half as many dots.
+    picture.setDevicePixelRatio(1.0);
+    return picture;
+}
+
 constexpr int DepthOfSurfaces = 32;
 
 struct WrittenFormat {
@@ -99,28 +124,12 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     const QByteArray format = QImageReader(&file).format();
-    if (!isSafeToDecode(file, format)) {
-        return {};
+    QByteArray png = pngInIcon(file, format);
+    if (png.isEmpty()) {
+        return decoded(file, format);
     }
-    QImageReader reader(&file);
-    const QSize size = announcedSize(reader);
-    if (size.isEmpty()) {
-        return {};
-    }
-    requireMemoryForDots(dotsOf(size));
-    // Readers of files that end too early leave the rest of the dots as they are.
-    QImage picture;
-    if (reader.imageFormat() != QImage::Format_Invalid) {
-        picture = QImage(size, reader.imageFormat());
-        picture.fill(Qt::white);
-    }
-    if (!reader.read(&picture)) {
-        return {};
-    }
-    completeColourTable(picture);
-    // Qt takes "@2x" in a file's name for a picture of half as many dots.
-    picture.setDevicePixelRatio(1.0);
-    return picture;
+    QBuffer buffer(&png);
+    return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, "png") : QImage();
 }
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {

@@ -93,7 +93,7 @@ TEST_F(PictureFile, ThatDoesNotExistIsNull) {
 }
 
 TEST_F(PictureFile, ThatEndsAnywhereDoesNoHarm) {
-    for (const char* format : {"png", "jpeg", "bmp", "ppm", "pbm", "xbm", "xpm"}) {
+    for (const char* format : {"png", "jpeg", "bmp", "ppm", "pbm", "xbm", "xpm", "ico"}) {
         const QByteArray bytes = velnor::encodePicture(colourfulPicture(20, 10), format);
         for (int length = 0; length < bytes.size(); length += length < 200 ? 1 : 37) {
             const QString cut = folder.write(QStringLiteral("cut.png"), bytes.left(length));
@@ -133,6 +133,33 @@ TEST_F(PictureFile, HasWhiteForColoursBeyondItsTable) {
     surface.DrawOverlayImage(file, 0, 0, 100, 100, -1, -1, 0, 0);
     EXPECT_EQ(surface.picture()->pixel(1, 1), qRgb(0, 0, 255));
     EXPECT_EQ(surface.picture()->pixel(2, 1), qRgb(255, 255, 255));
+}
+
+TEST_F(PictureFile, MayBeAnIconOrACursor) {
+    const QImage picture = colourfulPicture(20, 10);
+    QByteArray bytes = velnor::encodePicture(picture, "ico");
+    EXPECT_TRUE(
+        samePicture(velnor::loadPicture(folder.write(QStringLiteral("p.ico"), bytes)), picture));
+    bytes[2] = 2; // the kind
+    EXPECT_TRUE(
+        samePicture(velnor::loadPicture(folder.write(QStringLiteral("p.cur"), bytes)), picture));
+}
+
+TEST_F(PictureFile, MayBeAnIconOfAPng) {
+    const QImage picture = colourfulPicture(20, 10);
+    const QByteArray bytes = iconOf(velnor::encodePicture(picture, "png"));
+    EXPECT_TRUE(
+        samePicture(velnor::loadPicture(folder.write(QStringLiteral("p.ico"), bytes)), picture));
+}
+
+// Qt would leave the rest of each row as it is.
+TEST_F(PictureFile, OfAnIconThatUsesANegativeNumberOfColoursIsUnreadable) {
+    constexpr int BitmapDepth = 36;
+    constexpr int ColoursUsed = 54;
+    QByteArray bytes = velnor::encodePicture(colourfulPicture(20, 10), "ico");
+    bytes[BitmapDepth] = 4;
+    bytes.replace(ColoursUsed, 4, QByteArray("\0\0\0\x80", 4));
+    expectSilentlyUnreadable(folder.write(QStringLiteral("p.ico"), bytes));
 }
 
 // A BMP file of 24 bits whose rows come from the top.
@@ -221,6 +248,14 @@ QByteArray bitmapHeader() {
                              "\1\0\x20\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0");
 }
 
+// A bitmap whose size the directory leaves to it.
+QByteArray hugeIcon() {
+    constexpr int IconSides = 6;
+    constexpr int FileHeaderSize = 14;
+    QByteArray icon = iconOf(bitmapHeader().mid(FileHeaderSize));
+    return icon.replace(IconSides, 2, QByteArray("\0\0", 2));
+}
+
 // A screen of 65,535 x 65,535 dots with one picture as large.
 QByteArray gifHeader() {
     return QByteArrayLiteral(
@@ -232,6 +267,9 @@ INSTANTIATE_TEST_SUITE_P(
     PictureFile, AnnouncingHeader,
     testing::Values(HeaderRow{{"Bmp"}, "huge.bmp", bitmapHeader()},
                     HeaderRow{{"Gif"}, "huge.gif", gifHeader()},
+                    HeaderRow{{"IconOfAPng"}, "huge.ico", iconOf(pngThatAnnounces(20000, 20000))},
+                    HeaderRow{{"IconOfABitmap"}, "huge.ico", hugeIcon()},
+                    HeaderRow{{"IconOfNothing"}, "huge.ico", iconOf(QByteArray(100, 'x'))},
                     HeaderRow{{"Ppm"}, "huge.ppm", "P6 20000 20000 255\n"},
                     HeaderRow{{"Pbm"}, "huge.pbm", "P4 20000 20000\n"},
                     HeaderRow{{"Xbm"},

@@ -1,5 +1,6 @@
 #include "support/picture_files.h"
 
+#include <QDataStream>
 #include <QtEndian>
 
 #include <stdexcept>
@@ -57,4 +58,14 @@ QByteArray pngThatAnnounces(quint32 width, quint32 height) {
     const QByteArray lengthAndZlib = qCompress(QByteArray(64, '\0'));
     return QByteArrayLiteral("\x89PNG\r\n\x1a\n") + chunk("IHDR", header) +
            chunk("IDAT", lengthAndZlib.mid(4)) + chunk("IEND", {});
+}
+
+QByteArray iconOf(const QByteArray& picture) {
+    QByteArray icon;
+    QDataStream stream(&icon, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream << quint16(0) << quint16(1) << quint16(1);
+    stream << quint8(16) << quint8(16) << quint16(0) << quint16(1) << quint16(32);
+    stream << static_cast<quint32>(picture.size()) << static_cast<quint32>(icon.size() + 4);
+    return icon + picture;
 }

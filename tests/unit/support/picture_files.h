@@ -15,4 +15,8 @@ QImage colourfulPicture(int width, int height);
 // The bytes of a PNG file whose header announces a size that a few bytes of data cannot fill.
 QByteArray pngThatAnnounces(quint32 width, quint32 height);
 
+// The bytes of an icon that announces 16 x 16 dots and holds one picture: a PNG file, or a bitmap
+// without the header of its file.
+QByteArray iconOf(const QByteArray& picture);
+
 #endif
