@@ -1,11 +1,11 @@
 // Whether a layout's items can be drawn as asked, with one message for each finding.
 #include "document/elements.h"
+#include "files/input_file.h"
 #include "handler/validation_messages.h"
 #include "handler/velnorxml.h"
 #include "render/barcode_data.h"
 #include "render/gui_application.h"
 
-#include <QFile>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -60,7 +60,7 @@ public:
         : fonts(fontDatabase), findings(collected) {}
 
     void check(const VelnorDrawableImage& item) {
-        if (!QFile::exists(item.filepath)) {
+        if (!velnor::InputFile::exists(item.filepath)) {
             findings.add(messages::ImageFileMissing, item.id, item.filepath);
         }
     }

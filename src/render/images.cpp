@@ -1,10 +1,9 @@
 // Picture files on the surface: scaled, fitted to a box, rotated.
 #include "document/dots.h"
+#include "files/input_file.h"
 #include "render/picture_file.h"
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
-
-#include <QFile>
 
 #include <algorithm>
 
@@ -52,7 +51,7 @@ void VelnorImage::FixImageScaling(QImage* image, int scalex, int scaley, int wid
 
 int VelnorImage::DrawOverlayImage(const QString& path, int x, int y, int scalex, int scaley,
                                   int width, int height, int rotation, int aspect) {
-    if (!canBeDrawnOn() || !QFile::exists(path)) {
+    if (!canBeDrawnOn() || !velnor::InputFile::exists(path)) {
         return -1;
     }
     return DrawOverlayPicture(velnor::loadPicture(path), x, y, scalex, scaley, width, height,

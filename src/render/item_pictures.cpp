@@ -1,10 +1,9 @@
 #include "render/item_pictures.h"
 
+#include "files/input_file.h"
 #include "library_limits.h"
 #include "render/barcode_item.h"
 #include "render/picture_file.h"
-
-#include <QFile>
 
 template <typename Key, typename Make>
 QImage velnor::ItemPictures::keptOrMade(QHash<Key, QImage>& kept, const Key& key, Make make) {
@@ -21,7 +20,7 @@ QImage velnor::ItemPictures::keptOrMade(QHash<Key, QImage>& kept, const Key& key
 }
 
 std::optional<QImage> velnor::ItemPictures::ofFile(const QString& path) {
-    if (!QFile::exists(path)) {
+    if (!InputFile::exists(path)) {
         return {};
     }
     return keptOrMade(files, path, [&path] { return loadPicture(path); });

@@ -8,6 +8,9 @@
 #include <velnorxmltoimg.h>
 
 #include <QAbstractEventDispatcher>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStringList>
@@ -18,6 +21,8 @@
 #include <thread>
 
 #define SHAPES CANVAS_OF(200, 100) BOX QR_CODE
+#define PICTURE_OF                                                                                 \
+    CANVAS_OF(200, 100) "<VelnorItem class='image' id='logo'><filepath>%s</filepath></VelnorItem>"
 
 namespace {
 
@@ -86,6 +91,41 @@ void checkDictionariesWork() {
     CHECK_INT(0, xmlToImgFreeHandler(handler));
 }
 
+// The files of a layout under the same names as in the resources.
+void copyResources(const char* folder) {
+    for (const char* name : {"page.xml", "params.xml", "art/logo.png", "fonts/mono.ttf"}) {
+        const QString copy = QString::fromUtf8(pathOf(textOf("%s/%s", folder, name)));
+        CHECK(QDir().mkpath(QFileInfo(copy).path()));
+        CHECK(QFile::copy(QString::fromUtf8(textOf(":/till/%s", name)), copy));
+    }
+}
+
+// The layout of a folder that only Qt may know, with its font, its picture and its parameter file.
+void drawTill(const char* folder, const char* output) {
+    char messages[200];
+    int bold = 9;
+    int italic = 9;
+    void* handler = xmlToImgCreateHandler(textOf("%s/page.xml", folder));
+    CHECK_INT(0, xmlToImgGetFontProperty(handler, "Liberation Mono", &bold, &italic));
+    CHECK_INT(0, xmlToImgSetDictionaryFromParamFile(handler, textOf("%s/params.xml", folder)));
+    CHECK_INT(0, xmlToImgCheckCorrect(handler, messages, sizeof messages));
+    CHECK_TEXT("", messages);
+    CHECK_INT(0, xmlToImgCreateImage(handler, pathOf(output)));
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+}
+
+// Validation names the picture, and drawing leaves it out like one that is not there.
+void checkMissing(const char* path) {
+    char messages[200];
+    renderLayout("blank", CANVAS_OF(200, 100));
+    void* handler = xmlToImgCreateHandler(writeLayout("page.xml", textOf(PICTURE_OF, path)));
+    CHECK_INT(-1, xmlToImgCheckCorrect(handler, messages, sizeof messages));
+    CHECK_TEXT(textOf("Image item id=logo: invalid filepath(%s); ", path), messages);
+    CHECK_INT(0, xmlToImgCreateImage(handler, pathOf("page.png")));
+    CHECK_INT(0, xmlToImgFreeHandler(handler));
+    CHECK(sameContent("page.png", "blank.png"));
+}
+
 } // namespace
 
 CASE(an_application_of_the_host_is_announced_at_once) {
@@ -137,6 +177,38 @@ CASE(texts_have_the_same_dots_whatever_the_resolution_of_the_host) {
     }
     startLibrary();
     CHECK(sameContent("host.png", renderLayout("library", CANVAS_OF(200, 100) LABEL)));
+}
+
+CASE(a_layout_and_its_files_may_lie_in_the_resources_of_the_host) {
+    hideSystemFonts();
+    HostArguments arguments;
+    const QGuiApplication application(arguments.count, arguments.values);
+    xmlToImgInitializeQtNoReturn();
+    copyResources("till");
+    drawTill(pathOf("till"), "disk.png");
+    captureOutput();
+    drawTill(":/till", "resources.png");
+    checkSilent();
+    CHECK(sameContent("resources.png", "disk.png"));
+    checkMissing(":/till/art/none.png");
+}
+
+CASE(a_layout_and_its_files_may_lie_in_a_search_path_of_the_host) {
+    hideSystemFonts();
+    HostArguments arguments;
+    const QGuiApplication application(arguments.count, arguments.values);
+    xmlToImgInitializeQtNoReturn();
+    copyResources("forms/till");
+    drawTill(pathOf("forms/till"), "disk.png");
+    QDir::addSearchPath(QStringLiteral("layouts"), QString::fromUtf8(pathOf("forms")));
+    captureOutput();
+    drawTill("layouts:till", "search_path.png");
+    QDir::setSearchPaths(QStringLiteral("layouts"), {QStringLiteral(":/")});
+    drawTill("layouts:till", "search_path_of_resources.png");
+    checkSilent();
+    CHECK(sameContent("search_path.png", "disk.png"));
+    CHECK(sameContent("search_path_of_resources.png", "disk.png"));
+    checkMissing("layouts:/art/none.png");
 }
 
 CASE(after_the_application_of_the_host_the_library_is_not_initialized) {

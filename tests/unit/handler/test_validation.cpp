@@ -4,6 +4,7 @@
 #include "font_folders.h"
 #include "support/canvases.h"
 #include "support/font_files.h"
+#include "support/qt_messages.h"
 #include "support/rows.h"
 #include "support/text_fonts.h"
 
@@ -177,6 +178,21 @@ TEST(ImageFindings, OfAnExistingFileAreNone) {
 
 TEST(ImageFindings, OfAnExistingFolderAreNone) {
     EXPECT_EQ(findingsOfImage(QDir::rootPath()), "");
+}
+
+TEST(ImageFindings, OfAFileInASearchPathAreNone) {
+    QDir::addSearchPath(QStringLiteral("art"), QStringLiteral(VELNOR_TEST_FONTS));
+    EXPECT_EQ(findingsOfImage(QStringLiteral("art:LiberationSans-Bold.ttf")), "");
+    EXPECT_EQ(findingsOfImage(QStringLiteral("art:none.png")),
+              "Image item id=logo: invalid filepath(art:none.png); ");
+    QDir::setSearchPaths(QStringLiteral("art"), {});
+}
+
+TEST(ImageFindings, OfANameWithAZeroCharacterAreSilent) {
+    const QtMessages messages;
+    const QString file = QStringLiteral(VELNOR_TEST_FONTS "/LiberationSans-Bold.ttf");
+    EXPECT_NE(findingsOfImage(file + QChar(0)), "");
+    EXPECT_EQ(messages.heard(), "");
 }
 
 TEST(ImageFindings, OfAMissingFileAreItsPath) {

@@ -1,10 +1,13 @@
+#include "render/item_pictures.h"
 #include "render/velnorimage.h"
 #include "support/picture_files.h"
 #include "support/pictures.h"
+#include "support/qt_messages.h"
 #include "support/rows.h"
 #include "support/same_picture.h"
 #include "support/white_surface.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -188,6 +191,21 @@ TEST_F(Images, ThatAreMissingKeepWhatThePreviousDrawingCovered) {
     EXPECT_TRUE(samePicture(drawn(), before));
     EXPECT_EQ(surface.lastBoundingRect(), QRectF(30, 40, 200, 100));
     EXPECT_EQ(surface.getCurrentY(), 140);
+}
+
+TEST_F(Images, OfANameWithAZeroCharacterAreSilentlyMissing) {
+    const QtMessages messages;
+    EXPECT_EQ(draw(file + QChar(0), 1, 2, 100, 100, -1, -1, 0, 0), -1);
+    EXPECT_FALSE(velnor::ItemPictures().ofFile(file + QChar(0)).has_value());
+    EXPECT_EQ(messages.heard(), "");
+}
+
+TEST_F(Images, InASearchPathAreDrawn) {
+    QDir::addSearchPath(QStringLiteral("art"), folder.path(QString()));
+    EXPECT_EQ(draw(QStringLiteral("art:picture.png"), 30, 40, 100, 100, -1, -1, 0, 0), 0);
+    EXPECT_EQ(draw(QStringLiteral("art:none.png"), 30, 40, 100, 100, -1, -1, 0, 0), -1);
+    QDir::setSearchPaths(QStringLiteral("art"), {});
+    EXPECT_TRUE(samePicture(drawn().copy(30, 40, 200, 100), picture));
 }
 
 TEST_F(Images, ThatAreLinksToNothingAreMissing) {
