@@ -2,6 +2,7 @@
 
 #include "files/input_file.h"
 #include "library_limits.h"
+#include "render/icon_file.h"
 #include "render/picture_scan.h"
 #include "render/png_encoding.h"
 #include "spare_memory.h"
@@ -92,6 +93,15 @@ QImage decoded(QIODevice& file, const QByteArray& format) {
     return picture;
 }
 
+QImage decodedIcon(QIODevice& file) {
+    QByteArray png = velnor::pngInIcon(file);
+    if (png.isEmpty()) {
+        return velnor::bitmapInIcon(file);
+    }
+    QBuffer buffer(&png);
+    return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, "png") : QImage();
+}
+
 constexpr int DepthOfSurfaces = 32;
 
 struct WrittenFormat {
@@ -124,12 +134,7 @@ QImage velnor::loadPicture(const QString& path) {
         return {};
     }
     const QByteArray format = QImageReader(&file).format();
-    QByteArray png = pngInIcon(file, format);
-    if (png.isEmpty()) {
-        return decoded(file, format);
-    }
-    QBuffer buffer(&png);
-    return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, "png") : QImage();
+    return format == "ico" || format == "cur" ? decodedIcon(file) : decoded(file, format);
 }
 
 QByteArray velnor::encodePicture(const QImage& picture, const QByteArray& format) {

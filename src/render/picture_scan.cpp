@@ -1,13 +1,9 @@
 #include "render/picture_scan.h"
 
 #include "library_limits.h"
-#include "spare_memory.h"
 
 #include <QIODevice>
 #include <QtEndian>
-
-#include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -96,11 +92,6 @@ bool jpegIsSafe(QIODevice& file) {
     return true;
 }
 
-// Fewer where the file ends.
-QByteArray bytesAt(qint64 position, qint64 count, QIODevice& file) {
-    return position < file.size() && file.seek(position) ? file.read(count) : QByteArray();
-}
-
 // An iTXt chunk says behind its keyword whether its text is compressed.
 bool isCompressedText(const QByteArray& type, QIODevice& content, qint64 length) {
     constexpr qint64 LongestKeyword = 79;
@@ -122,7 +113,8 @@ bool pngIsSafe(QIODevice& file) {
     int profiles = 0;
     qint64 position = SignatureSize;
     for (int chunks = 0; chunks <= velnor::MaximumPictureChunks; ++chunks) {
-        const QByteArray header = bytesAt(position, HeaderSize, file);
+        const bool isInside = position < file.size() && file.seek(position);
+        const QByteArray header = isInside ? file.read(HeaderSize) : QByteArray();
         if (header.size() < HeaderSize) {
             return true; // libpng finds what is missing
         }
@@ -138,56 +130,6 @@ bool pngIsSafe(QIODevice& file) {
     return false;
 }
 
-template <typename Number>
-Number numberIn(const QByteArray& bytes, int position) {
-    return qFromLittleEndian<Number>(bytes.constData() + position);
-}
-
-bool isIcon(const QByteArray& format) {
-    return format == "ico" || format == "cur";
-}
-
-// An icon's first picture, as the directory announces it. Qt reads no other.
-struct IconEntry {
-    quint8 width; // 0: as the bitmap says
-    quint8 height;
-    quint16 depth; // for a bitmap that says none
-    quint32 size;
-    quint32 offset;
-};
-
-IconEntry firstEntry(QIODevice& icon) {
-    constexpr qint64 DirectorySize = 6;
-    constexpr int EntrySize = 16;
-    const QByteArray entry = bytesAt(DirectorySize, EntrySize, icon).leftJustified(EntrySize, '\0');
-    return {numberIn<quint8>(entry, 0), numberIn<quint8>(entry, 1), numberIn<quint16>(entry, 6),
-            numberIn<quint32>(entry, 8), numberIn<quint32>(entry, 12)};
-}
-
-// Qt leaves dots of other depths, and of a negative number of colours, as they are in memory.
-bool isFilledByQt(int depth, quint32 colours) {
-    constexpr int Depths[] = {1, 4, 8, 24, 32};
-    constexpr int LargestIndexed = 8;
-    constexpr quint32 MostColours = 256;
-    return std::find(std::begin(Depths), std::end(Depths), depth) != std::end(Depths) &&
-           (depth > LargestIndexed || colours <= MostColours);
-}
-
-bool iconBitmapIsSafe(QIODevice& icon) {
-    constexpr int HeaderSize = 40;
-    const IconEntry entry = firstEntry(icon);
-    const QByteArray header = bytesAt(entry.offset, HeaderSize, icon);
-    if (header.size() < HeaderSize) {
-        return false;
-    }
-    const qint64 width = entry.width != 0 ? entry.width : numberIn<qint32>(header, 4);
-    // The height of a bitmap counts its mask too.
-    const qint64 height = entry.height != 0 ? entry.height : numberIn<qint32>(header, 8) / 2;
-    const auto ownDepth = numberIn<quint16>(header, 14);
-    return width > 0 && height > 0 && width * height <= velnor::MaximumPictureDots &&
-           isFilledByQt(ownDepth != 0 ? ownDepth : entry.depth, numberIn<quint32>(header, 32));
-}
-
 bool isSafe(QIODevice& file, const QByteArray& format) {
     if (format == "png") {
         return pngIsSafe(file);
@@ -195,7 +137,7 @@ bool isSafe(QIODevice& file, const QByteArray& format) {
     if (format == "jpeg" || format == "jpg") {
         return jpegIsSafe(file);
     }
-    return !isIcon(format) || iconBitmapIsSafe(file);
+    return true;
 }
 
 } // namespace
@@ -204,18 +146,4 @@ bool velnor::isSafeToDecode(QIODevice& file, const QByteArray& format) {
     file.seek(0);
     const bool safe = isSafe(file, format);
     return file.seek(0) && safe;
-}
-
-QByteArray velnor::pngInIcon(QIODevice& file, const QByteArray& format) {
-    const QByteArray signature("\x89PNG\r\n\x1a\n");
-    if (!isIcon(format)) {
-        return {};
-    }
-    const IconEntry entry = firstEntry(file);
-    if (bytesAt(entry.offset, signature.size(), file) != signature) {
-        return {};
-    }
-    const qint64 size = qMin<qint64>(entry.size, file.size() - entry.offset);
-    requireMemory(size);
-    return bytesAt(entry.offset, size, file);
 }

@@ -8,13 +8,9 @@ class QIODevice;
 
 namespace velnor {
 
-// Whether the file, in the format that Qt found, is safe to decode once its dimensions are; an icon
-// only where its first picture is a bitmap. Reads it from its start and returns there.
+// Whether the file, in the format that Qt found, is safe to decode once its dimensions are. Reads it
+// from its start and returns there.
 bool isSafeToDecode(QIODevice& file, const QByteArray& format);
-
-// The PNG file that is the first picture of an icon (ICO, CUR): it is to be decoded in place of the
-// icon, since its dimensions and texts are its own. Empty for a bitmap and for other formats.
-QByteArray pngInIcon(QIODevice& file, const QByteArray& format);
 
 } // namespace velnor
 

@@ -152,16 +152,6 @@ TEST_F(PictureFile, MayBeAnIconOfAPng) {
         samePicture(velnor::loadPicture(folder.write(QStringLiteral("p.ico"), bytes)), picture));
 }
 
-// Qt would leave the rest of each row as it is.
-TEST_F(PictureFile, OfAnIconThatUsesANegativeNumberOfColoursIsUnreadable) {
-    constexpr int BitmapDepth = 36;
-    constexpr int ColoursUsed = 54;
-    QByteArray bytes = velnor::encodePicture(colourfulPicture(20, 10), "ico");
-    bytes[BitmapDepth] = 4;
-    bytes.replace(ColoursUsed, 4, QByteArray("\0\0\0\x80", 4));
-    expectSilentlyUnreadable(folder.write(QStringLiteral("p.ico"), bytes));
-}
-
 // A BMP file of 24 bits whose rows come from the top.
 QByteArray topDownBitmap(qint32 width, qint32 height, const QByteArray& dots) {
     constexpr qint32 HeaderSize = 54;

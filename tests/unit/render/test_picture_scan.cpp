@@ -3,7 +3,6 @@
 #include "render/picture_scan.h"
 #include "support/picture_files.h"
 #include "support/pictures.h"
-#include "support/qt_messages.h"
 #include "support/rows.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +10,6 @@
 #include <QBuffer>
 #include <QFile>
 #include <QtEndian>
-
-#include <utility>
-#include <vector>
 
 namespace {
 
@@ -209,124 +205,6 @@ TEST(PictureScan, TakesSoManySegmentsOfAJpegAndNoMore) {
     const QByteArray comment = segment("\xFF\xFE", "");
     EXPECT_TRUE(isSafe(jpeg(comment.repeated(velnor::MaximumPictureSegments)), "jpeg"));
     EXPECT_FALSE(isSafe(jpeg(comment.repeated(velnor::MaximumPictureSegments + 1)), "jpeg"));
-}
-
-QByteArray littleEndian(quint32 number) {
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(number, bytes.data());
-    return bytes;
-}
-
-// Where an icon of one bitmap holds what its reader goes by.
-enum IconField {
-    PictureCount = 4,
-    IconSides = 6,
-    IconDepth = 12,
-    PictureSize = 14,
-    PictureOffset = 18,
-    IconContent = 22,
-    BitmapWidth = 26,
-    BitmapHeight = 30, // twice, since the mask counts
-    BitmapDepth = 36,
-    ColoursUsed = 54,
-    IconDots = 62
-};
-
-struct IconRow : Row {
-    std::vector<std::pair<IconField, QByteArray>> changes; // of an icon of 20 x 10 dots
-    bool isSafe;
-};
-
-class IconBitmap : public testing::TestWithParam<IconRow> {};
-
-TEST_P(IconBitmap, IsSafeWhereQtFillsAllOfIt) {
-    QByteArray icon = encoded("ico");
-    for (const auto& [field, bytes] : GetParam().changes) {
-        icon.replace(field, bytes.size(), bytes);
-    }
-    EXPECT_EQ(isSafe(icon, "ico"), GetParam().isSafe);
-    EXPECT_EQ(isSafe(icon, "cur"), GetParam().isSafe);
-}
-
-const QByteArray NoSides("\0\0", 2);
-
-INSTANTIATE_TEST_SUITE_P(
-    PictureScan, IconBitmap,
-    testing::Values(
-        IconRow{{"AsItIsWritten"}, {}, true},
-        IconRow{{"OfManyPictures"}, {{PictureCount, "\xFF\xFF"}}, true},
-        IconRow{{"LargerThanItsDirectorySays"}, {{BitmapWidth, littleEndian(20000)}}, true},
-        IconRow{{"OfALargePicture"},
-                {{IconSides, NoSides},
-                 {BitmapWidth, littleEndian(8000)},
-                 {BitmapHeight, littleEndian(16000)}},
-                true},
-        IconRow{{"OfATooLargePicture"},
-                {{IconSides, NoSides},
-                 {BitmapWidth, littleEndian(8000)},
-                 {BitmapHeight, littleEndian(16002)}},
-                false},
-        IconRow{{"OfTheLargestNumbers"},
-                {{IconSides, NoSides},
-                 {BitmapWidth, littleEndian(0x7FFFFFFF)},
-                 {BitmapHeight, littleEndian(0x7FFFFFFF)}},
-                false},
-        IconRow{{"OfANegativeWidth"},
-                {{IconSides, NoSides}, {BitmapWidth, littleEndian(0xFFFFFFF0)}},
-                false},
-        IconRow{{"OfANegativeHeight"},
-                {{IconSides, NoSides}, {BitmapHeight, littleEndian(0xFFFFFFF0)}},
-                false},
-        IconRow{{"WhoseDirectoryAloneSaysItsDepth"}, {{BitmapDepth, NoSides}}, true},
-        IconRow{{"OfNoDepth"}, {{BitmapDepth, NoSides}, {IconDepth, NoSides}}, false},
-        IconRow{{"OfAHugeDepth"}, {{BitmapDepth, "\xFF\xFF"}}, false},
-        IconRow{{"OfADepthThatQtLeavesUnread"}, {{BitmapDepth, QByteArray("\5\0", 2)}}, false},
-        IconRow{{"OfAsManyColoursAsBytesCount"},
-                {{BitmapDepth, QByteArray("\4\0", 2)}, {ColoursUsed, littleEndian(256)}},
-                true},
-        IconRow{{"OfMoreColours"},
-                {{BitmapDepth, QByteArray("\4\0", 2)}, {ColoursUsed, littleEndian(257)}},
-                false},
-        IconRow{{"OfANegativeNumberOfColours"},
-                {{BitmapDepth, QByteArray("\4\0", 2)}, {ColoursUsed, littleEndian(0x80000000)}},
-                false},
-        IconRow{{"OfColoursThatItDoesNotUse"}, {{ColoursUsed, littleEndian(0x80000000)}}, true},
-        IconRow{{"ThatSaysMoreBytesThanThereAre"}, {{PictureSize, littleEndian(~0U)}}, true},
-        IconRow{{"BehindTheFile"}, {{PictureOffset, littleEndian(100000)}}, false},
-        IconRow{{"FarBehindTheFile"}, {{PictureOffset, littleEndian(~0U)}}, false},
-        IconRow{{"WhoseHeaderIsCutOff"}, {{PictureOffset, littleEndian(870)}}, false}),
-    RuleAsName());
-
-TEST(PictureScan, FindsIconsThatEndAnywhereUnsafeUpToTheirDots) {
-    for (int length = 0; length < IconDots; ++length) {
-        EXPECT_FALSE(isSafe(encoded("ico").left(length), "ico")) << length;
-    }
-}
-
-QByteArray pngIn(QByteArray icon, const QByteArray& format = "ico") {
-    QBuffer file(&icon);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return velnor::pngInIcon(file, format);
-}
-
-TEST(PictureScan, FindsThePngInAnIcon) {
-    const QByteArray picture = encoded("png");
-    EXPECT_EQ(pngIn(iconOf(picture)), picture);
-    EXPECT_EQ(pngIn(iconOf(picture), "cur"), picture);
-    EXPECT_EQ(pngIn(iconOf(picture), "bmp"), "");
-    EXPECT_EQ(pngIn(iconOf(picture) + "another picture"), picture);
-    EXPECT_EQ(pngIn(encoded("ico")), "");
-    EXPECT_EQ(pngIn(""), "");
-}
-
-TEST(PictureScan, ReadsThePngInAnIconUpToTheEndOfTheFile) {
-    const QtMessages messages;
-    const QByteArray picture = encoded("png");
-    QByteArray icon = iconOf(picture);
-    EXPECT_EQ(pngIn(icon.left(100)), picture.left(100 - IconContent));
-    EXPECT_EQ(pngIn(icon.left(IconContent)), "");
-    EXPECT_EQ(pngIn(icon.replace(PictureSize, 4, littleEndian(~0U))), picture);
-    EXPECT_EQ(messages.heard(), "");
 }
 
 TEST(PictureScan, IsAskedBeforeAPictureIsLoaded) {
