@@ -168,6 +168,14 @@ TEST(IconFile, ThatEndsTooEarlyHasNoBitmap) {
     }
 }
 
+TEST(IconFile, Of32BitsNeedsNoMask) {
+    const QByteArray icon = velnor::encodePicture(colourfulPicture(20, 10), "ico");
+    const int mask = 10 * 4;
+    EXPECT_EQ(bitmapIn(icon.left(icon.size() - mask)), bitmapIn(icon));
+    EXPECT_EQ(bitmapIn(icon.left(icon.size() - mask) + QByteArray(mask, '\xFF')), bitmapIn(icon));
+    EXPECT_TRUE(bitmapIn(icon.left(icon.size() - mask - 1)).isNull());
+}
+
 TEST(IconFile, HasWhiteForColoursBeyondItsTable) {
     const Changes oneColour = {{Sides, "\1\1"}, {BitmapDepth, "\x8"}, {ColoursUsed, "\1"}};
     const QByteArray bitmap =
