@@ -81,20 +81,21 @@ QVector<QRgb> readColours(const Bitmap& bitmap, QIODevice& icon) {
     if (count > MostColours) {
         return {};
     }
-    const QByteArray table = icon.read(count * EntrySize);
+    const int tableSize = static_cast<int>(count) * EntrySize;
+    const QByteArray table = icon.read(tableSize);
     for (int i = 0; i < table.size() / EntrySize; ++i) {
         colours[i] = numberIn<quint32>(table, i * EntrySize) | qRgb(0, 0, 0);
     }
-    return table.size() < static_cast<int>(count * EntrySize) ? QVector<QRgb>() : colours;
+    return table.size() < tableSize ? QVector<QRgb>() : colours;
 }
 
 // Of a row of at most 8 bits a dot.
-int numberOfDot(const char* row, int x, int depth) {
-    const int shift = 8 - depth - x * depth % 8;
+int numberOfDot(const char* row, qsizetype x, int depth) {
+    const auto shift = static_cast<int>(8 - depth - x * depth % 8);
     return static_cast<uchar>(row[x * depth / 8]) >> shift & ((1 << depth) - 1);
 }
 
-QRgb colourOfDot(const char* row, int x, int depth, const QVector<QRgb>& colours) {
+QRgb colourOfDot(const char* row, qsizetype x, int depth, const QVector<QRgb>& colours) {
     if (depth == DepthWithAlpha) {
         return qFromLittleEndian<quint32>(row + x * 4);
     }
@@ -106,8 +107,8 @@ QRgb colourOfDot(const char* row, int x, int depth, const QVector<QRgb>& colours
 }
 
 // A row ends at a multiple of 32 bits.
-int rowSize(const Bitmap& bitmap, int depth) {
-    return (bitmap.width * depth + 31) / 32 * 4;
+qsizetype rowSize(const Bitmap& bitmap, int depth) {
+    return (qsizetype{bitmap.width} * depth + 31) / 32 * 4;
 }
 
 // From the bottom up. A dot that the mask covers is transparent.
@@ -145,12 +146,13 @@ QImage velnor::bitmapInIcon(QIODevice& icon) {
         return {};
     }
     const QVector<QRgb> colours = readColours(bitmap, icon);
-    const int rowsSize = rowSize(bitmap, bitmap.depth) * bitmap.height;
-    const int maskSize = rowSize(bitmap, MaskDepth) * bitmap.height;
+    const qsizetype rowsSize = rowSize(bitmap, bitmap.depth) * bitmap.height;
+    const qsizetype maskSize = rowSize(bitmap, MaskDepth) * bitmap.height;
     const QByteArray rows = icon.read(rowsSize);
     // Dots of 32 bits say themselves how transparent they are.
-    const QByteArray mask =
-        bitmap.depth == DepthWithAlpha ? QByteArray(maskSize, '\0') : icon.read(maskSize);
+    const QByteArray mask = bitmap.depth == DepthWithAlpha
+                                ? QByteArray(static_cast<int>(maskSize), '\0')
+                                : icon.read(maskSize);
     const bool isComplete =
         !colours.isEmpty() && rows.size() == rowsSize && mask.size() == maskSize;
     return isComplete ? pictureOf(bitmap, colours, rows, mask) : QImage();
