@@ -58,11 +58,13 @@ QByteArray growingEntities(int levels, int times) {
     return declarations;
 }
 
-// Entities e0 to `levels`. Each names the one behind it twice, the last one holds `value`.
+// Entities e0 to `levels`. Each names the one behind it twice, the last one holds `value`. The texts
+// beside the names are there to reach the limit soon.
 QByteArray entitiesNamedEarly(int levels, const QByteArray& value) {
     QByteArray declarations;
     for (int i = 0; i < levels; ++i) {
-        declarations += entity(numbered(i), reference(numbered(i + 1)).repeated(2));
+        declarations +=
+            entity(numbered(i), reference(numbered(i + 1)).repeated(2) + QByteArray(200, 'x'));
     }
     return declarations + entity(numbered(levels), value);
 }
