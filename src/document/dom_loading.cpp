@@ -1,6 +1,7 @@
 #include "document/dom_loading.h"
 
 #include "library_limits.h"
+#include "spare_memory.h"
 
 #include <QDomDocument>
 #include <QHash>
@@ -90,6 +91,13 @@ public:
 
     bool isBeyond() const { return beyond; }
 
+    // What the tree of the document takes, or a little more.
+    qint64 treeBytes() const {
+        constexpr qint64 BytesPerNode = 512;
+        constexpr qint64 BytesPerCharacter = 8;
+        return nodeCount * BytesPerNode + text.size() * BytesPerCharacter;
+    }
+
 private:
     // What a reference takes that stands in quotes: the reader replaces the quotes of the value, a
     // thousand at a time, by moving the rest.
@@ -146,10 +154,11 @@ bool contentModelsAreTooDeep(const QString& text) {
 }
 
 // The tree is built by the same reader with the same features but for the reports of entities, so
-// nothing that passes here can lie beyond a limit there.
-bool isBeyondLimits(const QString& text) {
+// nothing that passes here can lie beyond a limit there. Asks for the tree's memory as well: an
+// exception in the middle of it would leave behind what QtXml has made so far.
+bool canBeLoaded(const QString& text) {
     if (text.size() > velnor::MaximumDocumentSize || contentModelsAreTooDeep(text)) {
-        return true;
+        return false;
     }
     QXmlInputSource source;
     source.setData(text);
@@ -164,13 +173,14 @@ bool isBeyondLimits(const QString& text) {
     reader.setLexicalHandler(&handler);
     reader.setDeclHandler(&handler);
     reader.parse(source);
-    return handler.isBeyond();
+    velnor::requireMemory(handler.treeBytes());
+    return !handler.isBeyond();
 }
 
 } // namespace
 
 bool velnor::loadXml(QDomDocument& document, const QString& text) {
-    return !isBeyondLimits(text) && document.setContent(text);
+    return canBeLoaded(text) && document.setContent(text);
 }
 
 bool velnor::loadXml(QDomDocument& document, const QByteArray& bytes) {

@@ -187,6 +187,50 @@ CASE(every_limit_checks_the_document_or_fails) {
     tryLimits(checkDocument);
 }
 
+/* A document whose tree takes some 50 MiB. */
+static const char* writeLargeLayout(void) {
+    const char* path = pathOf("large.xml");
+    FILE* file = fopen(path, "w");
+    CHECK(file != NULL);
+    fputs("<VelnorRoot><VelnorItems class='canvas'><width>100</width><height>100</height>", file);
+    for (int i = 0; i < 15000; ++i) {
+        fprintf(file,
+                "<VelnorItem class='text' id='t%d'><x>1</x><y>2</y><text>abc</text></VelnorItem>",
+                i);
+    }
+    fputs("</VelnorItems></VelnorRoot>", file);
+    CHECK(fclose(file) == 0);
+    return path;
+}
+
+static long drawLargeThenSmall(void* argument) {
+    const long* spare = argument;
+    void* large = xmlToImgCreateHandler(writeLargeLayout());
+    CHECK_INT(0, xmlToImgCreateImage(handler, output));
+    limitMemory(usedMemory() + (rlim_t)*spare * KiB);
+    int failures = 0;
+    for (int i = 0; i < 5; ++i) {
+        failures += xmlToImgCreateImage(large, pathOf("large.png")) == -1;
+    }
+    int drawn = 0;
+    for (int i = 0; i < 20; ++i) {
+        drawn += xmlToImgCreateImage(handler, output) == 0;
+    }
+    liftLimit();
+    return failures == 5 && drawn == 20 ? Drawn : NotAsBefore;
+}
+
+CASE(after_a_document_that_is_too_large_for_the_memory_others_are_drawn) {
+    startWithDocument(writeLayout("small.xml", CANVAS_OF(100, 100) BOX));
+    for (long spare = 24 * KiB; spare <= 48 * KiB; spare += UsualStep) {
+        const Ending ending = endingOf(drawLargeThenSmall, &spare, LongestCall);
+        if (ending.signal != 0 || ending.result != Drawn) {
+            failCase(__FILE__, __LINE__, "%ld KiB to spare: signal %d in %s, outcome %ld", spare,
+                     ending.signal, ending.where, ending.result);
+        }
+    }
+}
+
 static long listFonts(void) {
     int bold = 0;
     int italic = 0;
