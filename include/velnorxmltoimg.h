@@ -76,8 +76,9 @@ VELNORXMLTOIMG_API extern int VelnorQtStartedAsNonGuiApp;
  * calling thread, without a screen, and runs its event loop: the call returns only after somebody
  * has called QCoreApplication::quit. Start before other threads format or read numbers: for an
  * instant Qt sets the locale of the environment for the whole process. In a set-user-ID program the
- * call returns without effect until the program has given up its extra rights. While one thread is making the application, further calls
- * return at once without effect. After the application has ended, it may be called again.
+ * call returns without effect until the program has given up its extra rights. While one thread is
+ * making the application, further calls return at once without effect. After the application has
+ * ended, it may be called again.
  */
 VELNORXMLTOIMG_API void xmlToImgInitializeQtNoReturn(void);
 

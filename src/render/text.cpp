@@ -8,11 +8,10 @@
 #include "render/velnorimage.h"
 #include "spare_memory.h"
 
+#include <QGuiApplication>
 #include <QTextBoundaryFinder>
 
 #include <optional>
-
-#include <QGuiApplication>
 
 namespace {
 
