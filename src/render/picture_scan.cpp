@@ -120,6 +120,9 @@ bool pngIsSafe(QIODevice& file) {
         }
         const QByteArray type = header.mid(4);
         const qint64 length = qFromBigEndian<quint32>(header.constData());
+        if (length > file.size() - position - HeaderSize) {
+            return false; // libpng takes the memory before it reads
+        }
         texts += isCompressedText(type, file, length) ? 1 : 0;
         profiles += type == "iCCP" ? 1 : 0;
         if (texts > velnor::MaximumPictureTexts || profiles > velnor::MaximumPictureTexts) {

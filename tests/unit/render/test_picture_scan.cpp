@@ -116,7 +116,18 @@ TEST(PictureScan, TakesSoManyChunksOfAPngAndNoMore) {
 TEST(PictureScan, LeavesABrokenPngToItsDecoder) {
     EXPECT_TRUE(isSafe(QByteArray(), "png"));
     EXPECT_TRUE(isSafe(encoded("png").left(40), "png"));
-    EXPECT_TRUE(isSafe(png(QByteArray("\xFF\xFF\xFF\xFFzTXt", 8)), "png"));
+}
+
+// libpng takes and clears the memory for a text before it reads it.
+TEST(PictureScan, RefusesAPngWithAChunkThatIsLongerThanTheFile) {
+    for (const char* length : {"\x7F\xFF\xFF\xFF", "\xFF\xFF\xFF\xFF"}) {
+        EXPECT_FALSE(isSafe(png(QByteArray(length, 4) + "iTXt"), "png"));
+        EXPECT_FALSE(isSafe(encoded("png") + QByteArray(length, 4) + "iTXt", "png"));
+    }
+    const QByteArray text = chunk("tEXt", "Software");
+    const int checksumSize = 4;
+    EXPECT_TRUE(isSafe(encoded("png") + text.chopped(checksumSize), "png"));
+    EXPECT_FALSE(isSafe(encoded("png") + text.chopped(checksumSize + 1), "png"));
 }
 
 QByteArray jpeg(const QByteArray& segments) {
