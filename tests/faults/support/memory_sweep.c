@@ -10,7 +10,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-enum { MostPlaces = 32, UsualSample = 25, LongestTry = 30 /* seconds */ };
+enum { MostPlaces = 32, UsualSample = 25, LongestTry = 10 /* seconds */ };
 
 #define OUR_LIBRARY "libvelnorxmltoimg"
 
