@@ -1,4 +1,5 @@
-// The unit tests run inside a GUI application without a screen, at 96 dots per inch.
+// The unit tests run inside a GUI application without a screen, at 96 dots per inch, and without the
+// machine's fonts.
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
         // Without an application: what that leaks would make a sanitizer fail the listing.
         return RUN_ALL_TESTS();
     }
+    qputenv("FONTCONFIG_FILE", VELNOR_FONT_SETTINGS);
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     char program[] = "unit";
     char platformOption[] = "-platform";
