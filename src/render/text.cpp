@@ -6,7 +6,6 @@
 #include "render/large_letters.h"
 #include "render/surface_painter.h"
 #include "render/velnorimage.h"
-#include "spare_memory.h"
 
 #include <QGuiApplication>
 #include <QTextBoundaryFinder>
@@ -17,7 +16,6 @@ namespace {
 
 constexpr double SurfaceDpi = 96.0;
 constexpr double PointsPerInch = 72.0;
-constexpr qint64 LayoutBytesPerCharacter = 128;
 constexpr double AlwaysDrawnLine = 16384; // characters
 constexpr int HorizontalAlignmentBits = 0x0f;
 constexpr int VerticalAlignmentBits = Qt::AlignTop | Qt::AlignBottom | Qt::AlignVCenter;
@@ -41,7 +39,7 @@ double dotsOf(const QFont& font) {
     return font.pointSizeF() * SurfaceDpi / PointsPerInch;
 }
 
-// Qt continues a line that is too long for it on the next one, with a word on standard error.
+// Where a line is too long for Qt, Qt continues it on the next one and warns on standard error.
 bool hasEndlessLine(const QFont& font, const TextLayout& layout) {
     const bool isBounded = layout.box.width() != velnor::NotGiven;
     const double longest = qMax(AlwaysDrawnLine, velnor::MaximumLineDots / dotsOf(font));
@@ -110,7 +108,6 @@ std::optional<PlacedText> place(QImage& surface, const QFont& font, const TextLa
     if (layout.text.size() > velnor::MaximumTextLength || hasEndlessLine(font, layout)) {
         return {};
     }
-    velnor::requireMemory(layout.text.size() * LayoutBytesPerCharacter);
     SurfacePainter painter(surface);
     painter.setFont(font);
     return placeInLayout(painter, layout);

@@ -157,6 +157,22 @@ CASE(every_limit_makes_a_whole_roll_of_fine_dots_or_none) {
     everyLimitOfDrawing(writeLayout("page.xml", "<dpi>300</dpi><width>600</width>" BOX QR_CODE));
 }
 
+CASE(every_limit_makes_the_whole_of_a_long_text_or_none) {
+    enum { Length = 100000 };
+    static char text[Length + 1];
+    memset(text, 'm', Length);
+    for (int i = 0; i < Length; i += 8) {
+        text[i] = ' ';
+    }
+    makeFolder("fonts");
+    linkFile("fonts/sans.ttf", SANS);
+    everyLimitOfDrawing(writeLayout(
+        "page.xml", textOf("<width>600</width><height>800</height><VelnorItem class='text'>"
+                           "<width>600</width><flags>4096</flags><fontsize>4</fontsize>"
+                           "<fontname>Liberation Sans</fontname><text>%s</text></VelnorItem>",
+                           text)));
+}
+
 CASE(every_limit_makes_a_further_receipt_or_none) {
     startWithDocument(EXAMPLE("receipt"));
     CHECK_INT(Drawn, drawPicture());
