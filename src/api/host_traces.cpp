@@ -13,6 +13,7 @@
 #include <clocale>
 #include <thread>
 
+#include <dlfcn.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -33,6 +34,21 @@ void dropWarningsOfCalls(QtMsgType type, const QMessageLogContext& context,
         std::this_thread::yield();
     }
     hostMessageHandler.load()(type, context, message);
+}
+
+void putHostMessageHandlerBack() {
+    const QtMessageHandler current = qInstallMessageHandler(hostMessageHandler);
+    if (current != dropWarningsOfCalls) {
+        qInstallMessageHandler(current); // the host has installed another one meanwhile
+    }
+}
+
+// Qt's default has no name. To install it for a moment, which would tell, could lose a message.
+bool isHandlerOfQt(QtMessageHandler handler) {
+    Dl_info ofHandler{};
+    Dl_info ofQt{};
+    return dladdr(reinterpret_cast<void*>(handler), &ofHandler) != 0 &&
+           dladdr(qVersion(), &ofQt) != 0 && ofHandler.dli_fbase == ofQt.dli_fbase;
 }
 
 // The folder that the environment names, or that Qt makes up for the user of this process.
@@ -81,17 +97,12 @@ velnor::MessageFilter::MessageFilter() {
 }
 
 velnor::MessageFilter::~MessageFilter() {
-    const QtMessageHandler current = qInstallMessageHandler(hostMessageHandler);
-    if (current != dropWarningsOfCalls) {
-        qInstallMessageHandler(current); // the host has installed another one meanwhile
-    }
+    putHostMessageHandlerBack();
 }
 
 void velnor::MessageFilter::leaveToHost() {
-    qInstallMessageHandler(nullptr);
-    const QtMessageHandler handlerOfQt = qInstallMessageHandler(dropWarningsOfCalls);
-    if (hostMessageHandler != handlerOfQt) {
-        qInstallMessageHandler(hostMessageHandler);
+    if (!isHandlerOfQt(hostMessageHandler)) {
+        putHostMessageHandlerBack();
     }
 }
 
