@@ -49,6 +49,14 @@ void registerExitHandler() {
     }
 }
 
+// The thread may end later than what its fonts are destroyed with.
+void dropFonts() {
+    try {
+        QFont::cleanup();
+    } catch (...) { // without memory they stay
+    }
+}
+
 } // namespace
 
 velnor::FlightCount::FlightCount() {
@@ -59,8 +67,7 @@ velnor::FlightCount::FlightCount() {
 velnor::FlightCount::~FlightCount() {
     registerExitHandler();
     if (processExit == Exit::Waiting) {
-        // The thread may end later than what these fonts are destroyed with.
-        QFont::cleanup();
+        dropFonts();
     }
     --inFlightHere;
     --inFlight;

@@ -152,13 +152,15 @@ void xmlToImgInitializeQtNoReturn() {
 }
 
 int xmlToImgQtInitialized() {
-    if (QCoreApplication::instance() == nullptr || qtStarted == 0) {
+    const auto isUp = [] { return QCoreApplication::instance() != nullptr && qtStarted != 0; };
+    if (!isUp()) {
         return 0;
     }
     const velnor::HostState state;
     usleep(StartUpPause);
     const velnor::CallInFlight untilAllIsMade;
-    return untilAllIsMade.isRefused() ? 0 : 1;
+    // Start-up fails where memory runs out before all is made.
+    return !untilAllIsMade.isRefused() && isUp() ? 1 : 0;
 }
 
 int xmlToImgSetPluginPathUnicode(const unsigned short* path, int length) {

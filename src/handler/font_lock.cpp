@@ -43,6 +43,9 @@ velnor::FontWriteLock::FontWriteLock() {
 
 velnor::FontWriteLock::~FontWriteLock() {
     ++changes;
-    dropOutdatedFonts();
+    try {
+        dropOutdatedFonts();
+    } catch (...) { // without memory the next call tries again
+    }
     pthread_rwlock_unlock(&fonts);
 }
