@@ -146,6 +146,18 @@ TEST_P(FarItem, LooksTheSameFarToTheRight) {
 
 INSTANTIATE_TEST_SUITE_P(Drawing, FarItem, testing::ValuesIn(Items), RuleAsName());
 
+TEST(FarText, KeepsWhatReachesOutOfItsBox) {
+    registerTextFonts();
+    VelnorImage surface(Long, 100);
+    surface.SetFont(textFamily(), 30, 96, false, true, false);
+    for (const int x : {1000, 40000}) {
+        surface.DrawOverlayRectBoundedText(QStringLiteral("j"), x, 10, -1, -1, 0, 0);
+    }
+    const QImage near = surface.picture()->copy(900, 0, 200, 100);
+    EXPECT_LT(inkOf(near).left(), 100);
+    EXPECT_TRUE(samePicture(surface.picture()->copy(39900, 0, 200, 100), near));
+}
+
 // Items that no painter reaches the end of.
 
 constexpr int End = 80000;

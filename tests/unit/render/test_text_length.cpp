@@ -60,7 +60,8 @@ INSTANTIATE_TEST_SUITE_P(
         LongTextRow{{"InARectangleAfterShrinking"}, "a ", 60000, 100, 500, 800, WrapsAtTheBottom},
         LongTextRow{{"InLines"}, "terms and conditions\n", 21000, 8, None, None, 0},
         LongTextRow{{"InOneLine"}, "terms ", 100000, 8, None, None, 0},
-        LongTextRow{{"BrokenAnywhere"}, "m", 500000, 9, 600, None, 0x2000},
+        LongTextRow{{"OfLargeLetters"}, "terms ", 400000, 48, 600, None, Wraps},
+        LongTextRow{{"BrokenAnywhere"}, "m", 500000, 48, 600, None, 0x2000},
         LongTextRow{
             {"OfTheGreatestLength"}, "terms ", velnor::MaximumTextLength, 4, 600, None, Wraps}),
     RuleAsName());
@@ -68,11 +69,12 @@ INSTANTIATE_TEST_SUITE_P(
 class EndlessText : public LongText {};
 
 TEST_P(EndlessText, IsNotDrawn) {
-    surface.DrawOverlayRectangle(10, 20, 30, 40, 0, 1, 0, 0, false);
+    surface.SetFont(textFamily(), 12, 96, false, false, false);
+    surface.DrawOverlayRectBoundedText(QStringLiteral("terms"), 10, 20, 90, 40, 0, 0);
     const int before = inkDots(*surface.picture());
     EXPECT_EQ(draw(), -1);
     EXPECT_EQ(inkDots(*surface.picture()), before);
-    EXPECT_EQ(surface.lastBoundingRect(), QRectF(10, 20, 30, 40));
+    EXPECT_EQ(surface.lastBoundingRect(), QRectF(10, 20, 90, 40));
     EXPECT_EQ(surface.lastTextSize(), 0);
 }
 
