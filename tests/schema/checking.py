@@ -7,7 +7,7 @@ def accepted(schema, documents):
     """Those of the documents that are valid by the schema, which is a .rng or a .xsd file."""
     option = "--schema" if schema.endswith(".xsd") else "--relaxng"
     result = subprocess.run(
-        [os.environ["XMLLINT"], "--noout", "--nonet", option, schema, *documents],
+        [os.environ["XMLLINT"], "--noout", "--nonet", "--noent", option, schema, *documents],
         stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
     end = " validates"
     lines = result.stderr.splitlines()
