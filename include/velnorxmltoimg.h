@@ -10,20 +10,21 @@
  *   then not registered and no text is drawn.
  *   The library's own application needs no display, prints nothing, and leaves the host's locale,
  *   environment and GLib main context as they were. Returning from main while it runs is fine.
- *   exit waits for calls in flight, for 10 seconds at most, and refuses new ones: they fail.
+ *   exit waits for calls in flight, 10 seconds at most, and new calls fail. A call that is still
+ *   running then may crash the ending process.
  *
  * THREADS
  *   Every function may be called from any thread at any time, those that create and free handlers
- *   included; only calls on one handler must not overlap. Fonts belong to the whole process. A call
- *   keeps the fonts that it finds until it ends: creating or freeing a handler waits for the calls in
- *   flight where it registers or removes fonts, and so does the start and the end of the library's
- *   own application. A thread that draws needs a stack of 512 KiB. Cancellation is deferred until the
+ *   included; only calls on one handler must not overlap. Fonts belong to the whole process, and a
+ *   call keeps the fonts that it finds until it ends. So creating or freeing a handler waits for calls
+ *   in flight if it registers or removes fonts, as do the start and the end of the library's own
+ *   application. A thread that draws needs a stack of 512 KiB. Cancellation is deferred until the
  *   call returns. No function may be called from a signal handler.
  *
  * THE HOST'S PROCESS
  *   A call leaves locale, environment, signal handlers and masks, floating-point state and standard
  *   streams as they were. After a fork, the child may execute another program or end by _exit; it may
- *   draw only where a single thread of the parent did.
+ *   draw only if no thread was inside a call at the fork.
  *
  * TEXT
  *   Narrow functions take UTF-8 that ends with a zero byte; the names of tags and objects, however,
@@ -63,8 +64,8 @@ extern "C" {
 #endif
 
 /* 1 once the library has made the Qt application itself, else 0. Stays 1 after that application
- * has ended. A host that cannot spare the pause of xmlToImgQtInitialized may wait for this instead,
- * read with __atomic_load_n: calls that it makes then wait for what is still being loaded. */
+ * has ended. A host that cannot spare the pause of xmlToImgQtInitialized may poll this instead, with
+ * __atomic_load_n. Its first calls then wait until loading is complete. */
 VELNORXMLTOIMG_API extern int VelnorQtStartedAsNonGuiApp;
 
 /* ---------------------------------------------------------------------------------- start-up */
@@ -78,7 +79,7 @@ VELNORXMLTOIMG_API extern int VelnorQtStartedAsNonGuiApp;
  * instant Qt sets the locale of the environment for the whole process. In a set-user-ID program the
  * call returns without effect until the program has given up its extra rights. While one thread is
  * making the application, further calls return at once without effect. After the application has
- * ended, it may be called again.
+ * ended, this function may be called again.
  */
 VELNORXMLTOIMG_API void xmlToImgInitializeQtNoReturn(void);
 
@@ -86,7 +87,7 @@ VELNORXMLTOIMG_API void xmlToImgInitializeQtNoReturn(void);
  * Tells whether the Qt application is up and has been announced or made by
  * xmlToImgInitializeQtNoReturn.
  *
- * Result: 1 after a pause of 10 milliseconds when it is, else 0 at once.
+ * Result: 1, after a pause of 10 milliseconds, if it is; else 0, at once.
  */
 VELNORXMLTOIMG_API int xmlToImgQtInitialized(void);
 
@@ -326,9 +327,9 @@ VELNORXMLTOIMG_API int xmlToImgGetDictionaryFromParamFileUnicode(void* handler,
  * old picture or the new one, complete. The new picture is another file (inode), which takes the
  * name, owner, permissions and extended attributes of the old one. So whoever has the old file open
  * keeps the old picture, and a watcher of the folder (inotify) sees IN_CREATE for a new name and
- * IN_MOVED_TO for a replaced one, never IN_CLOSE_WRITE. Only a device, a pipe, a file of several
- * names, one whose owner or attributes cannot be kept, or one in a folder that takes no new file is
- * written in place.
+ * IN_MOVED_TO for a replaced one, never IN_CLOSE_WRITE. The file is written in place only if it is a
+ * device, a pipe, a link to nothing or has several names, if its owner or attributes cannot be kept,
+ * or if its folder or file system takes no new file without a name.
  *
  * path:   the output file in UTF-8, ended by a zero byte; not null. Its suffix chooses the format:
  *         ".png" gives PNG.
@@ -346,8 +347,9 @@ VELNORXMLTOIMG_API int xmlToImgCreateImageUnicode(void* handler, const unsigned 
 /* ----------------------------------------------------------------------------------- queries */
 
 /*
- * Checks whether the items of the document can be drawn as asked: picture files, fonts and their
- * styles, barcode types and data, thicknesses, styles and lengths.
+ * Checks whether the items of the document can be drawn as asked: whether picture files exist (not
+ * whether they can be read), fonts and their styles, barcode types and data, thicknesses, styles and
+ * lengths.
  *
  * messages: receives one English message for each finding, in document order, joined without a
  *           separator (each ends with "; "), in UTF-8, the rest filled with zero bytes. What does

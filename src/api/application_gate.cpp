@@ -20,20 +20,20 @@ std::atomic<int> inFlight{0};
 std::atomic<Exit> processExit{Exit::NotBegun};
 thread_local int inFlightHere = 0; // not 0 where exit is called inside a call, by a signal handler
 
-// Qt's static objects are destroyed after this. A call that takes longer is left to its fate: it may
-// wait for what the exiting thread holds.
+// Qt's static objects are destroyed after this. A call that takes longer goes on all the same: it may
+// wait for what the exiting thread holds. The time is one for all handlers.
 void waitForCallsInFlight() {
-    constexpr auto Patience = std::chrono::seconds(10);
-    constexpr auto Pause = std::chrono::milliseconds(1);
-    const auto end = std::chrono::steady_clock::now() + Patience;
+    using Clock = std::chrono::steady_clock;
+    static const auto end = Clock::now() + std::chrono::seconds(10);
+    const auto mustWait = [] { return inFlight > inFlightHere && Clock::now() < end; };
     do {
         processExit = Exit::Waiting;
-        while (inFlight > inFlightHere && std::chrono::steady_clock::now() < end) {
-            std::this_thread::sleep_for(Pause);
+        while (mustWait()) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
         processExit = Exit::Waited;
         // A call that has seen the wait is to have it.
-    } while (inFlight > inFlightHere && std::chrono::steady_clock::now() < end);
+    } while (mustWait());
 }
 
 // Handlers run in reverse order, and what Qt makes at its first use it destroys by such a handler. So

@@ -4,6 +4,7 @@
 #include "support/files.h"
 #include "support/harness.h"
 #include "support/host.h"
+#include "support/layouts.h"
 
 #include <velnorxmltoimg.h>
 
@@ -11,7 +12,10 @@
 #include <QString>
 
 #include <atomic>
+#include <cstdlib>
 #include <thread>
+
+#include <unistd.h>
 
 namespace {
 
@@ -19,9 +23,18 @@ constexpr int Lives = 20;
 
 std::atomic<int> ofHost{0};
 std::atomic<int> ofOthers{0};
+std::atomic<bool> callIsStuck{false};
 
 void countMessage(QtMsgType, const QMessageLogContext&, const QString& message) {
     ++(message == QLatin1String("host") ? ofHost : ofOthers);
+}
+
+// Keeps the call that caused the message from ending.
+void waitForEver(QtMsgType, const QMessageLogContext&, const QString&) {
+    callIsStuck = true;
+    for (;;) {
+        sleepMilliseconds(1000);
+    }
 }
 
 bool isInstalled() {
@@ -70,4 +83,24 @@ CASE(a_message_handler_that_the_host_installs_later_stays) {
     CHECK(isInstalled());
     CHECK(endApplication(starter) == nullptr);
     CHECK(isInstalled());
+}
+
+// However many calls there were: the handler that waits is registered again now and then.
+CASE(exit_waits_ten_seconds_at_most_for_a_call_that_does_not_end) {
+    constexpr unsigned Most = 25; // seconds
+    startApplication();
+    for (int call = 0; call < Lives; ++call) {
+        drawDocument(TICKET, "whole.png");
+    }
+    drawDocument(TICKET, "cut.jpg");
+    CHECK(truncate(pathOf("cut.jpg"), static_cast<off_t>(readFile("cut.jpg").size / 2)) == 0);
+    writeLayout("page.xml", CANVAS_OF(200, 100) "<VelnorItem class='image'>"
+                                                "<filepath>cut.jpg</filepath></VelnorItem>");
+    qInstallMessageHandler(waitForEver);
+    std::thread([] { render("page.xml", "page.png"); }).detach();
+    while (!callIsStuck) {
+        sleepMilliseconds(1);
+    }
+    alarm(Most);
+    exit(EXIT_SUCCESS);
 }
