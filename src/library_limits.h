@@ -39,10 +39,6 @@ constexpr int MaximumTextLength = 2 * 1024 * 1024;
 // fit yet is not drawn. A text of 60,000 characters may still shrink in all of the 123 rounds below.
 constexpr int MaximumShrinkWork = 8 * 1024 * 1024;
 
-// Font size in dots times the characters of a line of more than 16,384, where Qt cannot break it. Qt
-// breaks off lines of 2^23 dots, and says so on standard error.
-constexpr int MaximumLineDots = 4 * 1024 * 1024;
-
 // Bytes of a barcode's data before its escapes are read. No symbology holds a tenth of it.
 constexpr int MaximumBarcodeData = 128 * 1024;
 

@@ -44,9 +44,6 @@ bool hasOutlines(const QGlyphRun& run) {
 QList<QGlyphRun> glyphRunsOf(const QFont& font, const QString& text) {
     constexpr double LineDots = 1 << 20; // Qt complains about lines without end
     QTextLayout layout(text, font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAnywhere);
-    layout.setTextOption(option);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(LineDots);

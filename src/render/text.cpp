@@ -8,7 +8,6 @@
 #include "render/velnorimage.h"
 
 #include <QGuiApplication>
-#include <QTextBoundaryFinder>
 
 #include <optional>
 
@@ -16,7 +15,6 @@ namespace {
 
 constexpr double SurfaceDpi = 96.0;
 constexpr double PointsPerInch = 72.0;
-constexpr double AlwaysDrawnLine = 16384; // characters
 constexpr int HorizontalAlignmentBits = 0x0f;
 constexpr int VerticalAlignmentBits = Qt::AlignTop | Qt::AlignBottom | Qt::AlignVCenter;
 
@@ -37,29 +35,6 @@ struct PlacedText {
 
 double dotsOf(const QFont& font) {
     return font.pointSizeF() * SurfaceDpi / PointsPerInch;
-}
-
-// Where a line is too long for Qt, Qt continues it on the next one and warns on standard error.
-bool hasEndlessLine(const QFont& font, const TextLayout& layout) {
-    const bool isBounded = layout.box.width() != velnor::NotGiven;
-    const double longest = qMax(AlwaysDrawnLine, velnor::MaximumLineDots / dotsOf(font));
-    if (layout.text.size() <= longest || (isBounded && layout.flags & Qt::TextWrapAnywhere)) {
-        return false;
-    }
-    const bool wraps = isBounded && layout.flags & Qt::TextWordWrap;
-    const bool hasLines = (layout.flags & Qt::TextSingleLine) == 0;
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, layout.text);
-    int start = 0;
-    for (int end = finder.toNextBoundary(); end != -1; end = finder.toNextBoundary()) {
-        if (end - start > longest) {
-            return true;
-        }
-        const bool isForced = finder.boundaryReasons() & QTextBoundaryFinder::MandatoryBreak;
-        if (wraps || (hasLines && isForced)) {
-            start = end;
-        }
-    }
-    return false;
 }
 
 // Each layout gives the place of the text; none where the text is too long for its box.
@@ -105,7 +80,7 @@ std::optional<PlacedText> placeInLayout(QPainter& painter, const TextLayout& lay
 }
 
 std::optional<PlacedText> place(QImage& surface, const QFont& font, const TextLayout& layout) {
-    if (layout.text.size() > velnor::MaximumTextLength || hasEndlessLine(font, layout)) {
+    if (layout.text.size() > velnor::MaximumTextLength) {
         return {};
     }
     SurfacePainter painter(surface);

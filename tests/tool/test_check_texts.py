@@ -39,10 +39,10 @@ class Sizes(CheckTest):
         self.assert_found("text-too-long", text_item("a " * (1024 * 1024) + "a"),
                           says="longer than 2097152")
 
-    def test_a_text_of_one_endless_word_is_told(self):
-        box = "<width>50</width><flags>4096</flags>"
-        self.assert_found("text-too-long", text_item("a" * 1000000, more=box),
-                          says="too long for its place")
+    def test_a_text_that_cannot_be_shrunk_into_its_box_is_told(self):
+        box = "<width>50</width><height>50</height><flags>4096</flags>"
+        self.assert_found("text-too-long", text_item("a " * 500000, more=box),
+                          says="too long for its box")
 
     def test_a_long_text_that_fits_is_fine(self):
         box = "<width>400</width><height>300</height><flags>4096</flags>"

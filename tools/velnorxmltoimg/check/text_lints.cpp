@@ -119,7 +119,7 @@ private:
     void checkDrawing(const CheckedItem& item, const Text& text) {
         if (text.drawnFontSize == 0) {
             findings.add(Code::TextTooLong, item.element,
-                         QStringLiteral("the text is too long for its place and is not drawn"));
+                         QStringLiteral("the text is too long for its box and is not drawn"));
         } else {
             checkSize(item, text);
         }
