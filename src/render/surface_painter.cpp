@@ -25,12 +25,12 @@ std::vector<Span> spansOf(int surfaceLength, double from, double to) {
     if (surfaceLength <= PainterReach || to <= PainterReach) {
         return {{0, surfaceLength}};
     }
-    const double end = std::min<double>(surfaceLength, std::ceil(to));
-    std::vector<Span> spans;
     const double start = std::floor(from / PartAlignment) * PartAlignment;
-    for (double first = std::max(0.0, start); first < end; first += PainterReach) {
-        const double length = std::min<double>(PainterReach, end - first);
-        spans.push_back({static_cast<int>(first), static_cast<int>(length)});
+    const int end = std::min(surfaceLength, velnor::truncateToDots(std::ceil(to)));
+    std::vector<Span> spans;
+    for (int first = std::max(0, velnor::truncateToDots(start)); first < end;
+         first += PainterReach) {
+        spans.push_back({first, std::min(PainterReach, end - first)});
     }
     return spans;
 }
@@ -56,7 +56,8 @@ std::vector<QRect> velnor::paintedParts(const QSize& surface, const QRectF& box,
 }
 
 QImage velnor::viewOfPart(QImage& surface, const QRect& part) {
-    uchar* const first = surface.scanLine(part.y()) + part.x() * (surface.depth() / 8);
+    const qsizetype bytesPerDot = surface.depth() / 8;
+    uchar* const first = surface.scanLine(part.y()) + part.x() * bytesPerDot;
     QImage view(first, part.width(), part.height(), surface.bytesPerLine(), surface.format());
     view.setDotsPerMeterX(surface.dotsPerMeterX());
     view.setDotsPerMeterY(surface.dotsPerMeterY());
