@@ -135,6 +135,7 @@ CASE(a_family_that_a_thread_drew_before_it_was_registered_is_found) {
     CHECK_INT(0, xmlToImgFreeHandler(handler));
     CHECK(sameContent("substituted.png", drawOn(&drawer, fontless, "gone.png")));
     endDrawer(&drawer);
+    CHECK_INT(0, xmlToImgFreeHandler(fontless));
 }
 
 /* Handlers come and go on all threads at once, each with drawings of its own between. */
