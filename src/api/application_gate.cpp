@@ -42,9 +42,9 @@ void waitForCallsInFlight() {
 void registerExitHandler() {
     static std::atomic<qint64> calls{0};
     static std::atomic<qint64> next{1};
-    const qint64 call = ++calls;
-    if (call >= next && processExit == Exit::NotBegun) {
-        next = call + call / 8 + 1;
+    const qint64 call = calls.fetch_add(1, std::memory_order_relaxed) + 1;
+    if (call >= next.load(std::memory_order_relaxed) && processExit == Exit::NotBegun) {
+        next.store(call + call / 8 + 1, std::memory_order_relaxed);
         std::atexit(waitForCallsInFlight);
     }
 }
@@ -59,8 +59,10 @@ void dropFonts() {
 
 } // namespace
 
+// Released but not acquired: that would order the calls of two threads, and hide from a host's tools
+// that the host does not.
 velnor::FlightCount::FlightCount() {
-    ++inFlight;
+    inFlight.fetch_add(1, std::memory_order_release);
     ++inFlightHere;
 }
 
@@ -70,7 +72,7 @@ velnor::FlightCount::~FlightCount() {
         dropFonts();
     }
     --inFlightHere;
-    --inFlight;
+    inFlight.fetch_sub(1, std::memory_order_release);
 }
 
 bool velnor::FlightCount::isOnThisThread() {
