@@ -53,7 +53,7 @@ bool isHandlerOfQt(QtMessageHandler handler) {
 
 // The folder that the environment names, or that Qt makes up for the user of this process.
 QByteArray runtimeFolder() {
-    const QByteArray named = qgetenv("XDG_RUNTIME_DIR");
+    QByteArray named = qgetenv("XDG_RUNTIME_DIR");
     if (!named.isEmpty()) {
         return named;
     }
