@@ -11,11 +11,11 @@ class QIODevice;
 
 namespace velnor {
 
-// Empty where the icon's first picture is no PNG file. It may be any other, hostile ones included.
+// Empty if the icon's first picture is not a PNG file. A PNG file may be anything, hostile included.
 QByteArray pngInIcon(QIODevice& icon);
 
-// Of 1, 4, 8, 24 or 32 bits, and of at most 256 x 256 dots. Null where the icon's first picture is no such
-// bitmap or ends too early.
+// Of 1, 4, 8, 24 or 32 bits, and of at most 256 x 256 dots. Null if the icon's first picture is not
+// such a bitmap, or ends too early.
 QImage bitmapInIcon(QIODevice& icon);
 
 } // namespace velnor
