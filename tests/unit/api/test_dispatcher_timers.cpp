@@ -55,7 +55,7 @@ private:
 class TimersOfEveryType : public testing::TestWithParam<Qt::TimerType> {};
 
 TEST_P(TimersOfEveryType, FireAgainAndAgain) {
-    onDispatchedThread([this](velnor::EventDispatcher& dispatcher) {
+    onDispatchedThread([](velnor::EventDispatcher& dispatcher) {
         Receiver receiver;
         const int timer = receiver.startTimer(1, GetParam());
         processUntil(dispatcher, [&receiver] { return receiver.received.size() == 3; });
@@ -64,7 +64,7 @@ TEST_P(TimersOfEveryType, FireAgainAndAgain) {
 }
 
 TEST_P(TimersOfEveryType, FireInALoop) {
-    onDispatchedThread([this](velnor::EventDispatcher&) {
+    onDispatchedThread([](velnor::EventDispatcher&) {
         QEventLoop loop;
         int shots = 0;
         QTimer::singleShot(1, GetParam(), &loop, [&] {

@@ -16,7 +16,7 @@ using tool::Setting;
 class PlaceholderLints {
 public:
     PlaceholderLints(const tool::CheckedDocument& checked, tool::Findings& collected)
-        : document(checked), findings(collected) {
+        : findings(collected) {
         for (const tool::Placeholder& placeholder : tool::placeholdersIn(checked.view().text())) {
             unset.insert(placeholder.name);
         }
@@ -52,7 +52,6 @@ private:
         }
     }
 
-    const tool::CheckedDocument& document;
     tool::Findings& findings;
     QSet<QString> unset;
 };
